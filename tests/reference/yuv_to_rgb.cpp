@@ -1,0 +1,81 @@
+// YCbCr to BGR of the scalar model.
+#include "reference/yuv_to_rgb.hpp"
+
+namespace reference {
+
+YuvToRgb yuvToRgbConstants(const Descriptor& d) {
+    const int offset = d.fullRange ? 0 : 16;
+    const int lumaGain = d.fullRange ? 16384 : 19073;
+    const int low = d.clampStudio ? 16 : 0;
+    const int high = d.clampStudio ? 235 : 255;
+    if (d.dstColorSpace == 1)
+        return {offset, lumaGain, 16525, -3209, -6660, 13075, low, high};
+    return {offset, lumaGain, 17305, -1747, -4366, 14686, low, high};
+}
+
+Bgr yuvToRgb(const YuvToRgb& c, int y, int cb, int cr, LumaWidth width) {
+    const int difference = std::min(std::max(y, c.low), c.high) - c.offset;
+    const int luma = width == LumaWidth::lowByte ? difference & 0xFF : difference;
+    const int u = 2 * (cb - 128);
+    const int v = 2 * (cr - 128);
+    const int rounded = luma * c.lumaGain + 8192;
+    const auto narrow = [](int sum) { return saturate8(saturate16(sum >> 14)); };
+    return {narrow(rounded + u * c.blueCb), narrow(rounded + u * c.greenCb + v * c.greenCr),
+            narrow(rounded + v * c.redCr)};
+}
+
+std::uint8_t blockAlpha(std::int32_t alphaValue) { return saturate8(wrap16(alphaValue)); }
+
+std::uint8_t pairAlpha(std::int32_t alphaValue, int odd) {
+    return odd ? saturate8(wrap16(static_cast<std::uint8_t>(alphaValue) * 256)) : 0;
+}
+
+void yuvToBgr32(const Descriptor& d, const YuvLayout& layout, AlphaSource alpha, bool fast) {
+    const YuvToRgb constants = yuvToRgbConstants(d);
+    auto source = sourceYuv(d, layout);
+    Source alphaRow(d.srcPlane2Data);
+    Destination row(d.dstData);
+    for (std::uint32_t r = 0; r < d.srcHeight; ++r) {
+        const Split split = fast ? splitFast(d.dstWidth, 8) : splitGeneral(d.dstWidth, 8, row, 8);
+        for (std::int64_t x = 0; x < 2 * split.pairs(); ++x) {
+            const YuvPair pair = source.load(x / 2);
+            const int odd = x % 2;
+            const bool inBlock = split.inBlock(x / 2);
+            const Bgr pixel = yuvToRgb(constants, odd ? pair.y1 : pair.y0, pair.cb, pair.cr,
+                                       odd ? LumaWidth::full : LumaWidth::lowByte);
+            row[4 * x] = pixel.b;
+            row[4 * x + 1] = pixel.g;
+            row[4 * x + 2] = pixel.r;
+            if (alpha == AlphaSource::plane)
+                row[4 * x + 3] = alphaRow[inBlock ? x - 2 * split.head : x];
+            else
+                row[4 * x + 3] = inBlock ? blockAlpha(d.alphaValue) : pairAlpha(d.alphaValue, odd);
+        }
+        source.finishRow(split.pairs(), d.srcRowGap);
+        row += 8 * split.pairs() + d.dstRowGap;
+        // Pairs converted singly do not move the alpha pointer.
+        alphaRow += 2 * split.body + d.srcPlane2RowGap;
+    }
+}
+
+// Without a fourth byte the kinds of pairs give the same bytes, so that no split is needed.
+void yuvToBgr24(const Descriptor& d, const YuvLayout& layout) {
+    const YuvToRgb constants = yuvToRgbConstants(d);
+    auto source = sourceYuv(d, layout);
+    Destination row(d.dstData);
+    const std::int64_t pairs = d.dstWidth / 2;
+    for (std::uint32_t r = 0; r < d.srcHeight; ++r) {
+        for (std::int64_t x = 0; x < 2 * pairs; ++x) {
+            const YuvPair pair = source.load(x / 2);
+            const Bgr pixel = yuvToRgb(constants, x % 2 ? pair.y1 : pair.y0, pair.cb, pair.cr,
+                                       x % 2 ? LumaWidth::full : LumaWidth::lowByte);
+            row[3 * x] = pixel.b;
+            row[3 * x + 1] = pixel.g;
+            row[3 * x + 2] = pixel.r;
+        }
+        source.finishRow(pairs, d.srcRowGap);
+        row += 6 * pairs + d.dstRowGap;
+    }
+}
+
+}  // namespace reference
