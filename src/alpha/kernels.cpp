@@ -1,0 +1,55 @@
+// Copying and filling 8-bit alpha planes. A pixel is a byte; blocks are 32 bytes.
+#include "alpha/kernels.hpp"
+
+#include "frame/move.hpp"
+
+namespace orva::ORVA_ISA {
+namespace {
+
+struct Copy {
+    template <bool fast, class Stores> static void run(const Descriptor& d) {
+        // The general kernel loads its source aligned only if it stores with ordinary stores. Hosts
+        // rely on the streaming one taking any source.
+        using Loads = std::conditional_t<!fast && Stores::streaming, UnalignedLoads, AlignedLoads>;
+        walkRows<fast, Stores>(MoveJob<AlphaBytes, Unchanged, Loads>(d), d.srcHeight, d.dstWidth);
+    }
+};
+
+struct FillJob {
+    static constexpr uint32_t unitPixels = 1;
+    static constexpr uint32_t blockPixels = 32;
+
+    uint8_t* dst;
+    ptrdiff_t dstGap;
+    Wide alpha;
+
+    ORVA_INLINE explicit FillJob(const Descriptor& d)
+        : dst(static_cast<uint8_t*>(d.dstData)), dstGap(d.dstRowGap),
+          alpha(Wide::all8(uint8_t(d.alphaValue))) {}
+
+    ORVA_INLINE uint32_t head() const { return unitsToBoundary<1>(dst); }
+    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+
+    template <class V, class Stores> ORVA_INLINE void blocks() {
+        Stores::put(constant<V>(alpha), dst);
+        Stores::put(constant<V>(alpha), dst + V::bytes);
+        dst += 2 * V::bytes;
+    }
+
+    template <class Stores> ORVA_INLINE void unit() { *dst++ = uint8_t(alpha.firstLane().low32()); }
+
+    ORVA_INLINE void endRow() { dst += dstGap; }
+};
+
+struct Fill {
+    template <bool fast, class Stores> static void run(const Descriptor& d) {
+        walkRows<fast, Stores>(FillJob(d), d.srcHeight, d.dstWidth);
+    }
+};
+
+}  // namespace
+
+extern const AlphaKernels alphaKernels;
+constinit const AlphaKernels alphaKernels{kernelSet<Copy>, kernelSet<Fill>};
+
+}  // namespace orva::ORVA_ISA

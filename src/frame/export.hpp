@@ -1,0 +1,22 @@
+// How exports are written: one line that says which kernels and which test selects among them.
+//
+//     ORVA_EX(A8P_A8P) { convert(activeKernels->alpha.copy, aligned::alphaPlane, d); }
+//
+// defines ORVA_SSE2_A8P_A8P_EX, whose descriptor is d.
+#pragma once
+
+#include "frame/active_kernels.hpp"
+#include "frame/alignment.hpp"
+
+namespace orva {
+
+// Kernels is a KernelSet or a ModeTable.
+template <class Kernels>
+inline void convert(const Kernels& kernels, bool (*isAligned)(const Descriptor&),
+                    const Descriptor* d) {
+    kernels.choose(isAligned(*d), *d)(*d);
+}
+
+}  // namespace orva
+
+#define ORVA_EX(formats) void ORVA_CALL ORVA_SSE2_##formats##_EX(const OrvaConversionDescriptor* d)

@@ -1,0 +1,39 @@
+// What an export chooses from: kernels, the four forms of a conversion, and tables of modes.
+#pragma once
+
+#include <orva/orva.h>
+
+namespace orva {
+
+using Descriptor = OrvaConversionDescriptor;
+
+// Converts the whole image that a descriptor describes.
+using Kernel = void (*)(const Descriptor&);
+
+// The forms of one conversion: fast or general, each with ordinary or streaming stores.
+struct KernelSet {
+    Kernel fast;
+    Kernel fastStreaming;
+    Kernel general;
+    Kernel generalStreaming;
+
+    Kernel choose(bool aligned, const Descriptor& d) const {
+        if (aligned)
+            return d.streamingStores ? fastStreaming : fast;
+        return d.streamingStores ? generalStreaming : general;
+    }
+};
+
+// The kernels of an export that looks at kernelMode, one set per mode. A mode without kernels is a
+// set of null pointers, and calling it is the caller's fault.
+struct ModeTable {
+    static constexpr uint32_t modes = 5;
+    KernelSet mode[modes];
+
+    Kernel choose(bool aligned, const Descriptor& d) const {
+        const uint32_t column = uint32_t(d.kernelMode);
+        return mode[column < modes ? column : 0].choose(aligned, d);
+    }
+};
+
+}  // namespace orva

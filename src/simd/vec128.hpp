@@ -1,0 +1,93 @@
+// One 128-bit lane: the vector of the SSE2 table, and of single blocks and row ends in every table.
+#pragma once
+
+namespace orva::ORVA_ISA {
+
+struct Vec128 {
+    static constexpr unsigned lanes = 1;
+    static constexpr unsigned bytes = 16;
+
+    __m128i v;
+
+    ORVA_INLINE static Vec128 zero() { return {_mm_setzero_si128()}; }
+    ORVA_INLINE static Vec128 all8(uint8_t value) { return {_mm_set1_epi8(char(value))}; }
+    ORVA_INLINE static Vec128 all16(int value) { return {_mm_set1_epi16(short(value))}; }
+    ORVA_INLINE static Vec128 all32(uint32_t value) { return {_mm_set1_epi32(int(value))}; }
+    ORVA_INLINE static Vec128 repeat(__m128i lane) { return {lane}; }
+
+    ORVA_INLINE static Vec128 load(const uint8_t* p) {
+        return {_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))};
+    }
+    // p must be 16-byte aligned.
+    ORVA_INLINE static Vec128 loadAligned(const uint8_t* p) {
+        return {_mm_load_si128(reinterpret_cast<const __m128i*>(p))};
+    }
+    // The low half from one place, the high half from another.
+    ORVA_INLINE static Vec128 loadHalves(const uint8_t* low, const uint8_t* high) {
+        return {_mm_unpacklo_epi64(load8(low).v, load8(high).v)};
+    }
+    ORVA_INLINE static Vec128 loadLow(const uint8_t* p) { return load8(p); }
+
+    ORVA_INLINE void store(uint8_t* p) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+    // Past the cache; p must be 16-byte aligned.
+    ORVA_INLINE void stream(uint8_t* p) const {
+        _mm_stream_si128(reinterpret_cast<__m128i*>(p), v);
+    }
+    ORVA_INLINE void storeLow(uint8_t* p) const { store8(p); }
+    ORVA_INLINE void storeHalves(uint8_t* low, uint8_t* high) const {
+        store8(low);
+        _mm_storeh_pd(reinterpret_cast<double*>(high), _mm_castsi128_pd(v));
+    }
+
+    // Row ends: the lowest bytes only, the rest zero.
+    ORVA_INLINE static Vec128 load4(const uint8_t* p) { return {_mm_loadu_si32(p)}; }
+    ORVA_INLINE static Vec128 load8(const uint8_t* p) {
+        return {_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))};
+    }
+    ORVA_INLINE static Vec128 fromWords(uint16_t word0, uint16_t word4) {
+        return {_mm_insert_epi16(_mm_cvtsi32_si128(word0), word4, 4)};
+    }
+    ORVA_INLINE void store4(uint8_t* p) const { _mm_storeu_si32(p, v); }
+    ORVA_INLINE void store8(uint8_t* p) const {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(p), v);
+    }
+    ORVA_INLINE uint32_t low32() const { return uint32_t(_mm_cvtsi128_si32(v)); }
+
+    ORVA_INLINE Vec128 firstLane() const { return *this; }
+};
+
+#define V Vec128
+#define MM(name) _mm_##name
+#include "simd/operations.inc"
+#undef V
+#undef MM
+
+ORVA_INLINE void stream4(uint8_t* p, uint32_t value) {
+    _mm_stream_si32(reinterpret_cast<int*>(p), int(value));
+}
+
+// Dwords 0 and 2 of a, then of b, lane by lane.
+ORVA_INLINE Vec128 evenDwords(Vec128 a, Vec128 b) {
+    return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0x88))};
+}
+
+// The 16-bit upper halves of the dwords of even and odd, interleaved.
+ORVA_INLINE Vec128 mergeUpperHalves(Vec128 even, Vec128 odd) {
+#if defined(__SSE4_1__)
+    return {_mm_blend_epi16(_mm_srli_epi32(even.v, 16), odd.v, 0xAA)};
+#else
+    return shiftRight32<16>(even) | (odd & Vec128::all32(0xFFFF0000));
+#endif
+}
+
+// With one lane every order below is the memory's own; the wide types say what these mean.
+ORVA_INLINE Vec128 spreadHalves(Vec128 a) { return a; }
+ORVA_INLINE Vec128 groupHalves(Vec128 a) { return a; }
+ORVA_INLINE Vec128 spreadQuarters(Vec128 a) { return a; }
+ORVA_INLINE Vec128 groupQuarters(Vec128 a) { return a; }
+ORVA_INLINE Vec128 evenLanes(Vec128 a, Vec128) { return a; }
+ORVA_INLINE Vec128 oddLanes(Vec128, Vec128 b) { return b; }
+ORVA_INLINE Vec128 zipLanesLow(Vec128 a, Vec128) { return a; }
+ORVA_INLINE Vec128 zipLanesHigh(Vec128, Vec128 b) { return b; }
+
+}  // namespace orva::ORVA_ISA

@@ -1,0 +1,51 @@
+// The vectors that kernels are written over.
+//
+// The arithmetic of every conversion is defined on 128-bit vectors. A wider vector is `lanes` of
+// them side by side, and every operation here works within each 128-bit lane, so a kernel written
+// once over a vector type gives the same bytes at every width. What differs between widths is how
+// memory meets lanes: a wide load is one run of bytes, and the spread/group functions move halves
+// or quarters of lanes so that unpacking and packing, which work lane by lane, keep that run in
+// order.
+//
+// ORVA_ISA names the instruction set that this translation unit is compiled for, and the namespace
+// that holds everything compiled for it: no function of one instruction set can be linked into
+// another's path. Nothing outside this folder names an intrinsic.
+#pragma once
+
+#ifndef ORVA_ISA
+#error "compile kernels with ORVA_ISA naming the instruction set"
+#endif
+
+#include <cstddef>
+#include <cstdint>
+#include <immintrin.h>
+
+#define ORVA_INLINE [[gnu::always_inline]] inline
+
+#include "simd/vec128.hpp"
+
+#if defined(__AVX512BW__)
+#include "simd/vec512.hpp"
+#elif defined(__AVX2__)
+#include "simd/vec256.hpp"
+#endif
+
+namespace orva::ORVA_ISA {
+
+#if defined(__AVX512BW__)
+using Wide = Vec512;
+#elif defined(__AVX2__)
+using Wide = Vec256;
+#else
+using Wide = Vec128;
+#endif
+
+// A constant that was built at full width, at the width of V.
+template <class V> ORVA_INLINE V constant(const Wide& wide) {
+    if constexpr (V::lanes == Wide::lanes)
+        return wide;
+    else
+        return wide.firstLane();
+}
+
+}  // namespace orva::ORVA_ISA

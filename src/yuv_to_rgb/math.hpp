@@ -1,0 +1,84 @@
+// The YCbCr to RGB transform on vectors.
+//
+// Luma comes in words multiplied by 4, chroma as (Cb, Cr) word pairs multiplied by 8. A pair-wise
+// multiply-add with gains of 14 fraction bits then leaves each result in the upper half of a 32-bit
+// sum: the sums of even and odd pixels merge into words in pixel order without a shift to 14 bits
+// and without saturation, which those sums never need. Constants that do not depend on the pixel
+// (rounding, the 128 of chroma) are the start value of the sums.
+#pragma once
+
+#include "simd/vector.hpp"
+#include "yuv_to_rgb/coefficients.hpp"
+
+namespace orva::ORVA_ISA {
+
+// The samples of 8 * V::lanes pixels, with the halves spread over the lanes.
+template <class V> struct Yuv {
+    V luma;    // 4 * Y, a word per pixel
+    V chroma;  // 8 * Cb, 8 * Cr, a word pair per pixel pair
+};
+
+// As many BGR32I pixels, in memory order.
+template <class V> struct BgrPixels { V first, second; };
+
+// clamped: luma is bounded to 16..235 first.
+template <bool clamped> class YuvToRgb {
+public:
+    ORVA_INLINE explicit YuvToRgb(const YuvToRgbCoefSetup& setup)
+        : offset(Wide::all16(4 * setup.lumaOffset)), evenGain(wordPairs(setup.lumaGain, 0)),
+          oddGain(wordPairs(0, setup.lumaGain)), blueGain(wordPairs(setup.blueFromCb, 0)),
+          greenGain(wordPairs(setup.greenFromCb, setup.greenFromCr)),
+          redGain(wordPairs(0, setup.redFromCr)), blueStart(start(setup.blueFromCb)),
+          greenStart(start(setup.greenFromCb + setup.greenFromCr)),
+          redStart(start(setup.redFromCr)) {}
+
+    // fourth: the pixels' fourth bytes, a word each, saturated to bytes here.
+    template <class V> ORVA_INLINE BgrPixels<V> operator()(const Yuv<V>& in, V fourth) const {
+        const V odd = sub16(bounded(in.luma), constant<V>(offset));
+        // Without a clamp, luma below the offset is negative. Even pixels have always taken its low
+        // 8 bits as unsigned, odd ones the signed value.
+        const V even = clamped ? odd : odd & V::all32(0x3FC);
+
+        const V blue = channel(in, even, odd, blueStart, blueGain);
+        const V green = channel(in, even, odd, greenStart, greenGain);
+        const V red = channel(in, even, odd, redStart, redGain);
+
+        const V blueRed = packBytes(blue, red);
+        const V greenFourth = packBytes(green, fourth);
+        const V blueGreen = unpackLow8(blueRed, greenFourth);
+        const V redFourth = unpackHigh8(blueRed, greenFourth);
+        return {unpackLow16(blueGreen, redFourth), unpackHigh16(blueGreen, redFourth)};
+    }
+
+private:
+    ORVA_INLINE static Wide wordPairs(int16_t even, int16_t odd) {
+        return Wide::all32(uint16_t(even) | uint32_t(uint16_t(odd)) << 16);
+    }
+
+    // Half a unit of the 14 fraction bits and the chroma offsets, all multiplied by 4 as luma is.
+    ORVA_INLINE static Wide start(int chromaGain) {
+        return Wide::all32(uint32_t(4 * 8192 - 8 * 128 * chromaGain));
+    }
+
+    template <class V> ORVA_INLINE static V bounded(V luma) {
+        if constexpr (clamped)
+            return min16(max16(luma, V::all16(4 * 16)), V::all16(4 * 235));
+        else
+            return luma;
+    }
+
+    template <class V>
+    ORVA_INLINE V channel(const Yuv<V>& in, V even, V odd, const Wide& start,
+                          const Wide& gain) const {
+        const V chroma = maddAdd(constant<V>(start), in.chroma, constant<V>(gain));
+        return mergeUpperHalves(maddAdd(chroma, even, constant<V>(evenGain)),
+                                maddAdd(chroma, odd, constant<V>(oddGain)));
+    }
+
+    Wide offset;
+    Wide evenGain, oddGain;
+    Wide blueGain, greenGain, redGain;
+    Wide blueStart, greenStart, redStart;
+};
+
+}  // namespace orva::ORVA_ISA
