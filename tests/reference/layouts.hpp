@@ -16,6 +16,11 @@ struct Bgr {
 };
 
 inline Bgr loadBgr(Source at) { return {at[0], at[1], at[2]}; }
+inline void storeBgr(Destination at, const Bgr& pixel) {
+    at[0] = pixel.b;
+    at[1] = pixel.g;
+    at[2] = pixel.r;
+}
 
 // Positions of a pair's samples. The planes of a semi-planar image move alike, so that one running
 // pointer and the distance from luma to chroma address both of them.

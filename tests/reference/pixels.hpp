@@ -5,37 +5,37 @@
 
 namespace reference {
 
-// Calls `move(source, sourceAlpha, destination, destinationAlpha)` at every pixel's places.
+// The places of one pixel, and the constant alpha's byte.
+struct PixelPlaces {
+    Source from, fromAlpha;
+    Destination to, toAlpha;
+    std::uint8_t alphaValue;
+
+    const PixelPlaces& copy(int bytes) const {
+        for (int i = 0; i < bytes; ++i)
+            to[i] = from[i];
+        return *this;
+    }
+};
+
 template <typename Move>
 void movePixels(const Descriptor& d, int sourceBytes, int destinationBytes, Move move) {
-    Source source(d.srcData), sourceAlpha(d.srcPlane2Data);
-    Destination destination(d.dstData), destinationAlpha(d.dstPlane2Data);
+    PixelPlaces p{Source(d.srcData), Source(d.srcPlane2Data), Destination(d.dstData),
+                  Destination(d.dstPlane2Data), static_cast<std::uint8_t>(d.alphaValue)};
+    const auto advance = [&p](std::int64_t from, std::int64_t fromAlpha, std::int64_t to,
+                              std::int64_t toAlpha) {
+        p.from += from;
+        p.fromAlpha += fromAlpha;
+        p.to += to;
+        p.toAlpha += toAlpha;
+    };
     for (std::uint32_t row = 0; row < d.srcHeight; ++row) {
         for (std::uint32_t x = 0; x < d.dstWidth; ++x) {
-            move(source, sourceAlpha, destination, destinationAlpha);
-            source += sourceBytes;
-            sourceAlpha += 1;
-            destination += destinationBytes;
-            destinationAlpha += 1;
+            move(p);
+            advance(sourceBytes, 1, destinationBytes, 1);
         }
-        source += d.srcRowGap;
-        sourceAlpha += d.srcPlane2RowGap;
-        destination += d.dstRowGap;
-        destinationAlpha += d.dstPlane2RowGap;
+        advance(d.srcRowGap, d.srcPlane2RowGap, d.dstRowGap, d.dstPlane2RowGap);
     }
-}
-
-inline void copyBytes(Source source, Destination destination, int count) {
-    for (int i = 0; i < count; ++i)
-        destination[i] = source[i];
-}
-
-inline void copyAlphaPlane(const Descriptor& d) {
-    movePixels(d, 1, 1, [](Source s, Source, Destination t, Destination) { t[0] = s[0]; });
-}
-inline void fillAlphaPlane(const Descriptor& d) {
-    const auto alpha = static_cast<std::uint8_t>(d.alphaValue);
-    movePixels(d, 0, 1, [=](Source, Source, Destination t, Destination) { t[0] = alpha; });
 }
 
 }  // namespace reference

@@ -1,7 +1,18 @@
 // YCbCr to BGR of the scalar model.
 #include "reference/yuv_to_rgb.hpp"
 
+#include "reference/line_addresses.hpp"
+
 namespace reference {
+namespace {
+
+// The even pixel of a full-size pair loses all but the low byte of its luma difference.
+Bgr fullSizePixel(const YuvToRgb& constants, const YuvPair& pair, int odd) {
+    return yuvToRgb(constants, odd ? pair.y1 : pair.y0, pair.cb, pair.cr,
+                    odd ? LumaWidth::full : LumaWidth::lowByte);
+}
+
+}  // namespace
 
 YuvToRgb yuvToRgbConstants(const Descriptor& d) {
     const int offset = d.fullRange ? 0 : 16;
@@ -38,14 +49,9 @@ void yuvToBgr32(const Descriptor& d, const YuvLayout& layout, AlphaSource alpha,
     for (std::uint32_t r = 0; r < d.srcHeight; ++r) {
         const Split split = fast ? splitFast(d.dstWidth, 8) : splitGeneral(d.dstWidth, 8, row, 8);
         for (std::int64_t x = 0; x < 2 * split.pairs(); ++x) {
-            const YuvPair pair = source.load(x / 2);
             const int odd = x % 2;
             const bool inBlock = split.inBlock(x / 2);
-            const Bgr pixel = yuvToRgb(constants, odd ? pair.y1 : pair.y0, pair.cb, pair.cr,
-                                       odd ? LumaWidth::full : LumaWidth::lowByte);
-            row[4 * x] = pixel.b;
-            row[4 * x + 1] = pixel.g;
-            row[4 * x + 2] = pixel.r;
+            storeBgr(row + 4 * x, fullSizePixel(constants, source.load(x / 2), odd));
             if (alpha == AlphaSource::plane)
                 row[4 * x + 3] = alphaRow[inBlock ? x - 2 * split.head : x];
             else
@@ -65,16 +71,29 @@ void yuvToBgr24(const Descriptor& d, const YuvLayout& layout) {
     Destination row(d.dstData);
     const std::int64_t pairs = d.dstWidth / 2;
     for (std::uint32_t r = 0; r < d.srcHeight; ++r) {
-        for (std::int64_t x = 0; x < 2 * pairs; ++x) {
-            const YuvPair pair = source.load(x / 2);
-            const Bgr pixel = yuvToRgb(constants, x % 2 ? pair.y1 : pair.y0, pair.cb, pair.cr,
-                                       x % 2 ? LumaWidth::full : LumaWidth::lowByte);
-            row[3 * x] = pixel.b;
-            row[3 * x + 1] = pixel.g;
-            row[3 * x + 2] = pixel.r;
-        }
+        for (std::int64_t x = 0; x < 2 * pairs; ++x)
+            storeBgr(row + 3 * x, fullSizePixel(constants, source.load(x / 2), x % 2));
         source.finishRow(pairs, d.srcRowGap);
         row += 6 * pairs + d.dstRowGap;
+    }
+}
+
+// Pairs and blocks give the same bytes here too.
+void reduceToBgr32(const Descriptor& d, int factor) {
+    const YuvToRgb constants = yuvToRgbConstants(d);
+    LineAddresses lines = lineAddresses(d);
+    const std::int64_t pairs = d.dstWidth / 2;
+    for (std::uint32_t r = 0; r < lines.rowCount; ++r) {
+        Source& line = r % 2 ? lines.lineB : lines.lineA;
+        for (std::int64_t x = 0; x < 2 * pairs; ++x) {
+            const Source luma = line + 4 * (x * factor / 2);
+            const Source chroma = line + 4 * (x / 2 * factor);
+            const Destination pixel = lines.dstLine + 4 * x;
+            storeBgr(pixel, yuvToRgb(constants, luma[1], chroma[0], chroma[2], LumaWidth::full));
+            pixel[3] = pairAlpha(d.alphaValue, x % 2);
+        }
+        line += lines.pairAdvance;
+        lines.dstLine += 8 * pairs + lines.dstAdvance;
     }
 }
 

@@ -23,4 +23,7 @@ enum class AlphaSource { constant, plane };
 void yuvToBgr32(const Descriptor& d, const YuvLayout& layout, AlphaSource alpha, bool fast);
 void yuvToBgr24(const Descriptor& d, const YuvLayout& layout);
 
+// Every second or fourth pixel of UYVY16I lines, whatever the source's name says.
+void reduceToBgr32(const Descriptor& d, int factor);
+
 }  // namespace reference
