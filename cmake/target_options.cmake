@@ -1,0 +1,45 @@
+# Compiler and linker options: what every target gets, and what only the library gets.
+
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  set(ORVA_32BIT TRUE)
+else()
+  set(ORVA_32BIT FALSE)
+endif()
+
+# C++20 with warnings on, and SSE arithmetic on 32-bit targets too.
+function(orva_target_options target)
+  target_compile_features(${target} PRIVATE cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic)
+  if(ORVA_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(ORVA_32BIT)
+    target_compile_options(${target} PRIVATE -msse2 -mfpmath=sse)
+  endif()
+endfunction()
+
+# Code that ends up in the shared library: it runs in hosts of any language, so it needs no C++
+# runtime and shows no symbol of its own. Position independent even where it is linked statically,
+# because both libraries are made from the same objects.
+function(orva_library_options target)
+  orva_target_options(${target})
+  set_target_properties(${target} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+  target_compile_definitions(${target} PRIVATE ORVA_BUILD)
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
+  target_compile_options(${target} PRIVATE
+    -fno-exceptions -fno-rtti -fno-threadsafe-statics -fstack-protector-all)
+  if(ORVA_32BIT)
+    # 32-bit callers may enter with a stack that is aligned to 4 bytes only.
+    target_compile_options(${target} PRIVATE -mstackrealign)
+  endif()
+endfunction()
+
+# The sanitizers have to see every object, third-party test code included.
+if(ORVA_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
