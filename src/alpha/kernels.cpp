@@ -1,7 +1,10 @@
-// Copying and filling 8-bit alpha planes. A pixel is a byte; blocks are 32 bytes.
+// Copying and filling 8-bit alpha planes, where a pixel is a byte and blocks are 32 bytes; and
+// moving alpha between planes and the fourth bytes of BGR32I.
 #include "alpha/kernels.hpp"
 
+#include "alpha/planes.hpp"
 #include "frame/move.hpp"
+#include "rgb/repack.hpp"
 
 namespace orva::ORVA_ISA {
 namespace {
@@ -50,6 +53,12 @@ struct Fill {
 }  // namespace
 
 extern const AlphaKernels alphaKernels;
-constinit const AlphaKernels alphaKernels{kernelSet<Copy>, kernelSet<Fill>};
+constinit const AlphaKernels alphaKernels{
+    .copy = kernelSet<Copy>,
+    .fill = kernelSet<Fill>,
+    .bgr32ToAlpha = kernelSet<Repack<Bgr32Reader, AlphaWriter>>,
+    .bgr32ToBgr24A8p = kernelSet<Repack<Bgr32Reader, Bgr24AndAlphaWriter>>,
+    .bgr24A8pToBgr32 = kernelSet<Repack<Bgr24WithFourth<PlaneAlpha>, Bgr32Writer>>,
+};
 
 }  // namespace orva::ORVA_ISA

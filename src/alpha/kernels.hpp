@@ -1,4 +1,4 @@
-// The kernels of alpha planes.
+// The kernels of alpha planes: copy and fill, and alpha out of and into BGR pixels.
 #pragma once
 
 #include "frame/kernel.hpp"
@@ -8,6 +8,9 @@ namespace orva {
 struct AlphaKernels {
     KernelSet copy;
     KernelSet fill;
+    KernelSet bgr32ToAlpha;
+    KernelSet bgr32ToBgr24A8p;
+    KernelSet bgr24A8pToBgr32;
 };
 
 }  // namespace orva

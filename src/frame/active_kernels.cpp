@@ -15,6 +15,14 @@ const Kernels* kernelsFor(InstructionSet set) {
     return nullptr;
 }
 
+const char* nameOf(InstructionSet set) {
+    switch (set) {
+    case InstructionSet::sse2:
+        return "SSE2";
+    }
+    return "";
+}
+
 constinit const Kernels* activeKernels = &sse2::kernels;
 
 }  // namespace orva

@@ -6,14 +6,18 @@
 namespace orva {
 
 struct AlphaKernels;
+struct RgbKernels;
 struct YuvToRgbKernels;
 
 struct Kernels {
     const AlphaKernels& alpha;
+    const RgbKernels& rgb;
     const YuvToRgbKernels& yuvToRgb;
 };
 
 enum class InstructionSet { sse2 };
+inline constexpr InstructionSet instructionSets[] = {InstructionSet::sse2};
+const char* nameOf(InstructionSet set);
 
 // Null where this processor or its system does not support the instruction set.
 const Kernels* kernelsFor(InstructionSet set);

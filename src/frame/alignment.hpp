@@ -27,6 +27,11 @@ inline bool bgr24Destination(const Descriptor& d) {
     return to(16, d.dstData) && to(48, d.dstPitch) && to(16, d.dstWidth);
 }
 
+// Tests the colour plane twice instead of looking at the alpha plane.
+inline bool bgr24AndAlphaDestination(const Descriptor& d) {
+    return bgr24Destination(d) && destination(d);
+}
+
 inline bool bgr24ToYuv(const Descriptor& d) {
     return to(16, d.dstData) && to(16, d.dstPitch) && to(8, d.dstWidth);
 }

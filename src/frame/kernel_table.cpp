@@ -4,9 +4,10 @@
 namespace orva::ORVA_ISA {
 
 extern const AlphaKernels alphaKernels;
+extern const RgbKernels rgbKernels;
 extern const YuvToRgbKernels yuvToRgbKernels;
 
 extern const Kernels kernels;
-constinit const Kernels kernels{alphaKernels, yuvToRgbKernels};
+constinit const Kernels kernels{alphaKernels, rgbKernels, yuvToRgbKernels};
 
 }  // namespace orva::ORVA_ISA

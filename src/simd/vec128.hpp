@@ -47,11 +47,18 @@ struct Vec128 {
     ORVA_INLINE static Vec128 fromWords(uint16_t word0, uint16_t word4) {
         return {_mm_insert_epi16(_mm_cvtsi32_si128(word0), word4, 4)};
     }
+    ORVA_INLINE static Vec128 fromDwords(uint32_t first, uint32_t second) {
+        return {_mm_unpacklo_epi32(_mm_cvtsi32_si128(int(first)), _mm_cvtsi32_si128(int(second)))};
+    }
     ORVA_INLINE void store4(uint8_t* p) const { _mm_storeu_si32(p, v); }
     ORVA_INLINE void store8(uint8_t* p) const {
         _mm_storel_epi64(reinterpret_cast<__m128i*>(p), v);
     }
     ORVA_INLINE uint32_t low32() const { return uint32_t(_mm_cvtsi128_si32(v)); }
+
+    ORVA_INLINE uint32_t secondDword() const {
+        return uint32_t(_mm_cvtsi128_si32(_mm_srli_si128(v, 4)));
+    }
 
     ORVA_INLINE Vec128 firstLane() const { return *this; }
 };

@@ -2,16 +2,15 @@
 // writer of pixels, in all the combinations that exist.
 #include "yuv_to_rgb/kernels.hpp"
 
-#include "frame/row_walk.hpp"
+#include "rgb/writers.hpp"
 #include "yuv_to_rgb/readers.hpp"
-#include "yuv_to_rgb/writers.hpp"
 
 namespace orva::ORVA_ISA {
 namespace {
 
 template <class Reader, class Fourth, class Math, class Writer> struct Job {
     static constexpr uint32_t unitPixels = 2;
-    static constexpr uint32_t blockPixels = Writer::blockPixels;
+    static constexpr uint32_t blockPixels = Writer::colourBlock;
 
     Reader reader;
     Fourth fourth;
@@ -21,21 +20,32 @@ template <class Reader, class Fourth, class Math, class Writer> struct Job {
     ORVA_INLINE explicit Job(const Descriptor& d)
         : reader(d), fourth(d), math(yuvToRgbCoefSetup(d)), writer(d) {}
 
-    ORVA_INLINE uint32_t head() const { return writer.head(); }
+    ORVA_INLINE uint32_t head() const { return writer.template head<unitPixels>(); }
     ORVA_INLINE bool streamable() const { return writer.streamable(); }
 
     template <class V, class Stores> ORVA_INLINE void blocks() {
-        writer.template put<V, Stores>(math(reader.template take<V>(), fourth.template take<V>()));
+        if constexpr (blockPixels == 8) {
+            writer.template put<Stores>(convert8<V>());
+        } else {
+            const Pixels8<V> first = convert8<V>();
+            const Pixels8<V> second = convert8<V>();
+            writer.template put<Stores>(Pixels16<V>{first.a, first.b, second.a, second.b});
+        }
     }
 
     template <class Stores> ORVA_INLINE void unit() {
-        writer.putPair(math(reader.takePair(), fourth.takePair()).first);
+        writer.putPair(math(reader.takePair(), fourth.takePair()).a);
     }
 
     ORVA_INLINE void endRow() {
         reader.endRow();
         fourth.endRow();
         writer.endRow();
+    }
+
+private:
+    template <class V> ORVA_INLINE Pixels8<V> convert8() {
+        return math(reader.template take<V>(), fourth.template take<V>());
     }
 };
 

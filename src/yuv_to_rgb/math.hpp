@@ -7,7 +7,7 @@
 // (rounding, the 128 of chroma) are the start value of the sums.
 #pragma once
 
-#include "simd/vector.hpp"
+#include "rgb/pixels.hpp"
 #include "yuv_to_rgb/coefficients.hpp"
 
 namespace orva::ORVA_ISA {
@@ -33,7 +33,7 @@ public:
           redStart(start(setup.redFromCr)) {}
 
     // fourth: the pixels' fourth bytes, a word each, saturated to bytes here.
-    template <class V> ORVA_INLINE BgrPixels<V> operator()(const Yuv<V>& in, V fourth) const {
+    template <class V> ORVA_INLINE Pixels8<V> operator()(const Yuv<V>& in, V fourth) const {
         const V odd = sub16(bounded(in.luma), constant<V>(offset));
         // Without a clamp, luma below the offset is negative. Even pixels have always taken its low
         // 8 bits as unsigned, odd ones the signed value.

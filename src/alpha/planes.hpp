@@ -1,0 +1,99 @@
+// Alpha planes beside BGR images: taken as fourth bytes, and made of them.
+#pragma once
+
+#include "frame/row_walk.hpp"
+#include "rgb/writers.hpp"
+
+namespace orva::ORVA_ISA {
+
+// The source's alpha plane, as fourth bytes of otherwise empty pixels.
+class PlaneAlpha {
+public:
+    ORVA_INLINE explicit PlaneAlpha(const Descriptor& d)
+        : src(static_cast<const uint8_t*>(d.srcPlane2Data)), gap(d.srcPlane2RowGap) {
+        __builtin_prefetch(src);
+    }
+
+    template <class V> ORVA_INLINE Pixels16<V> take16() {
+        const V bytes = spreadQuarters(V::load(src));
+        src += V::bytes;
+        const V low = unpackLow8(V::zero(), bytes), high = unpackHigh8(V::zero(), bytes);
+        return {unpackLow16(V::zero(), low), unpackHigh16(V::zero(), low),
+                unpackLow16(V::zero(), high), unpackHigh16(V::zero(), high)};
+    }
+    ORVA_INLINE uint32_t takePixel() { return uint32_t(*src++) << 24; }
+    ORVA_INLINE void endRow() { src += gap; }
+
+private:
+    const uint8_t* src;
+    ptrdiff_t gap;
+};
+
+// The fourth bytes of 8 * lanes pixels, in memory order in the low half.
+template <class V> ORVA_INLINE V fourthBytes(const Pixels8<V>& pixels) {
+    const V words = packWords(shiftRight32<24>(pixels.a), shiftRight32<24>(pixels.b));
+    return groupQuarters(packBytes(words, words));
+}
+
+template <class V> ORVA_INLINE V fourthBytes(const Pixels16<V>& pixels) {
+    return groupQuarters(
+        packBytes(packWords(shiftRight32<24>(pixels.a), shiftRight32<24>(pixels.b)),
+                  packWords(shiftRight32<24>(pixels.c), shiftRight32<24>(pixels.d))));
+}
+
+// Fourth bytes to the destination's main plane, which is the whole destination.
+class AlphaWriter {
+public:
+    ORVA_INLINE explicit AlphaWriter(const Descriptor& d)
+        : dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+
+    template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
+        return unitsToBoundary<unitPixels>(dst);
+    }
+    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+
+    template <class Stores, class V> ORVA_INLINE void put(const Pixels16<V>& pixels) {
+        Stores::put(fourthBytes(pixels), dst);
+        dst += V::bytes;
+    }
+    ORVA_INLINE void putPixel(uint32_t pixel) { *dst++ = uint8_t(pixel >> 24); }
+    ORVA_INLINE void endRow() { dst += gap; }
+
+private:
+    uint8_t* dst;
+    ptrdiff_t gap;
+};
+
+// Colour to a BGR24I main plane, fourth bytes to the alpha plane beside it.
+class Bgr24AndAlphaWriter {
+public:
+    ORVA_INLINE explicit Bgr24AndAlphaWriter(const Descriptor& d)
+        : colour(d), alpha(static_cast<uint8_t*>(d.dstPlane2Data)), gap(d.dstPlane2RowGap) {}
+
+    template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
+        return colour.head<unitPixels>();
+    }
+    ORVA_INLINE bool streamable() const { return colour.streamable(); }
+
+    template <class Stores, class V> ORVA_INLINE void put(const Pixels16<V>& pixels) {
+        colour.put<Stores>(pixels);
+        // Nothing brings the alpha plane of a general kernel to a boundary, and no export tests it.
+        fourthBytes(pixels).store(alpha);
+        alpha += V::bytes;
+    }
+    ORVA_INLINE void putPixel(uint32_t pixel) {
+        colour.putPixel(pixel);
+        *alpha++ = uint8_t(pixel >> 24);
+    }
+    ORVA_INLINE void endRow() {
+        colour.endRow();
+        alpha += gap;
+    }
+
+private:
+    Bgr24Writer colour;
+    uint8_t* alpha;
+    ptrdiff_t gap;
+};
+
+}  // namespace orva::ORVA_ISA

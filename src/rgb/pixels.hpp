@@ -1,0 +1,15 @@
+// BGR pixels in vectors: four bytes each, in memory order.
+#pragma once
+
+#include "frame/kernel.hpp"
+#include "simd/vector.hpp"
+
+namespace orva::ORVA_ISA {
+
+// 8 * V::lanes pixels.
+template <class V> struct Pixels8 { V a, b; };
+
+// 16 * V::lanes pixels.
+template <class V> struct Pixels16 { V a, b, c, d; };
+
+}  // namespace orva::ORVA_ISA

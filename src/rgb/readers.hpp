@@ -1,0 +1,142 @@
+// Where BGR pixels come from. A reader takes blocks of 8 or 16 pixels as vectors of 4-byte pixels
+// in memory order, and single pixels as B, G, R and the fourth byte from the low byte up.
+#pragma once
+
+#include "rgb/pixels.hpp"
+#include "simd/bgr24.hpp"
+
+namespace orva::ORVA_ISA {
+
+class Bgr32Reader {
+public:
+    ORVA_INLINE explicit Bgr32Reader(const Descriptor& d)
+        : src(static_cast<const uint8_t*>(d.srcData)), gap(d.srcRowGap) {
+        __builtin_prefetch(src);
+    }
+
+    template <class V> ORVA_INLINE Pixels8<V> take8() {
+        const Pixels8<V> pixels{vector<V>(0), vector<V>(1)};
+        src += 2 * V::bytes;
+        return pixels;
+    }
+
+    template <class V> ORVA_INLINE Pixels16<V> take16() {
+        const Pixels16<V> pixels{vector<V>(0), vector<V>(1), vector<V>(2), vector<V>(3)};
+        src += 4 * V::bytes;
+        return pixels;
+    }
+
+    ORVA_INLINE Vec128 takePair() {
+        const Vec128 pixels = Vec128::load8(src);
+        src += 8;
+        return pixels;
+    }
+
+    ORVA_INLINE uint32_t takePixel() {
+        const uint32_t pixel = Vec128::load4(src).low32();
+        src += 4;
+        return pixel;
+    }
+
+    ORVA_INLINE void endRow() { src += gap; }
+
+private:
+    template <class V> ORVA_INLINE V vector(uint32_t i) const {
+        return V::load(src + i * V::bytes);
+    }
+
+    const uint8_t* src;
+    ptrdiff_t gap;
+};
+
+// The fourth bytes are unspecified.
+class Bgr24Reader {
+public:
+    ORVA_INLINE explicit Bgr24Reader(const Descriptor& d)
+        : src(static_cast<const uint8_t*>(d.srcData)), gap(d.srcRowGap) {
+        __builtin_prefetch(src);
+    }
+
+    template <class V> ORVA_INLINE Pixels8<V> take8() {
+        const Pixels8<V> pixels{front<V>(0), back<V>(1)};
+        src += 24 * V::lanes;
+        return pixels;
+    }
+
+    template <class V> ORVA_INLINE Pixels16<V> take16() {
+        const Pixels16<V> pixels{front<V>(0), front<V>(1), front<V>(2), back<V>(3)};
+        src += 48 * V::lanes;
+        return pixels;
+    }
+
+    ORVA_INLINE Vec128 takePair() {
+        const uint32_t first = takePixel();
+        return Vec128::fromDwords(first, takePixel());
+    }
+
+    ORVA_INLINE uint32_t takePixel() {
+        const uint32_t pixel = src[0] | uint32_t(src[1]) << 8 | uint32_t(src[2]) << 16;
+        src += 3;
+        return pixel;
+    }
+
+    ORVA_INLINE void endRow() { src += gap; }
+
+private:
+    template <class V> ORVA_INLINE V front(uint32_t i) const {
+        return loadFront24(src + 12 * V::lanes * i, V());
+    }
+    template <class V> ORVA_INLINE V back(uint32_t i) const {
+        return loadBack24(src + 12 * V::lanes * i, V());
+    }
+
+    const uint8_t* src;
+    ptrdiff_t gap;
+};
+
+// BGR24I pixels with fourth bytes from somewhere else.
+template <class Fourth> class Bgr24WithFourth {
+public:
+    ORVA_INLINE explicit Bgr24WithFourth(const Descriptor& d) : colour(d), fourth(d) {}
+
+    template <class V> ORVA_INLINE Pixels16<V> take16() {
+        const Pixels16<V> pixels = colour.template take16<V>();
+        const Pixels16<V> alpha = fourth.template take16<V>();
+        return {join(pixels.a, alpha.a), join(pixels.b, alpha.b), join(pixels.c, alpha.c),
+                join(pixels.d, alpha.d)};
+    }
+
+    ORVA_INLINE uint32_t takePixel() { return colour.takePixel() | fourth.takePixel(); }
+
+    ORVA_INLINE void endRow() {
+        colour.endRow();
+        fourth.endRow();
+    }
+
+private:
+    template <class V> ORVA_INLINE static V join(V colour, V fourth) {
+        return (colour & V::all32(0x00FFFFFF)) | fourth;
+    }
+
+    Bgr24Reader colour;
+    Fourth fourth;
+};
+
+// The low byte of the descriptor's alphaValue, as a pixel's fourth byte.
+class ConstantAlpha {
+public:
+    ORVA_INLINE explicit ConstantAlpha(const Descriptor& d)
+        : alpha(Wide::all32(uint32_t(d.alphaValue) << 24)) {}
+
+    template <class V> ORVA_INLINE Pixels16<V> take16() const {
+        const V vector = constant<V>(alpha);
+        return {vector, vector, vector, vector};
+    }
+    ORVA_INLINE uint32_t takePixel() const { return alpha.firstLane().low32(); }
+    ORVA_INLINE void endRow() {}
+
+private:
+    Wide alpha;
+};
+
+}  // namespace orva::ORVA_ISA

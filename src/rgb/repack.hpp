@@ -1,0 +1,40 @@
+// Kernels that move pixels between formats of different size, byte by byte the same colour: any
+// reader of 16-pixel blocks with any writer of them.
+#pragma once
+
+#include "rgb/readers.hpp"
+#include "rgb/writers.hpp"
+
+namespace orva::ORVA_ISA {
+
+template <class Reader, class Writer> struct RepackJob {
+    static constexpr uint32_t unitPixels = 1;
+    static constexpr uint32_t blockPixels = 16;
+
+    Reader reader;
+    Writer writer;
+
+    ORVA_INLINE explicit RepackJob(const Descriptor& d) : reader(d), writer(d) {}
+
+    ORVA_INLINE uint32_t head() const { return writer.template head<unitPixels>(); }
+    ORVA_INLINE bool streamable() const { return writer.streamable(); }
+
+    template <class V, class Stores> ORVA_INLINE void blocks() {
+        writer.template put<Stores>(reader.template take16<V>());
+    }
+
+    template <class Stores> ORVA_INLINE void unit() { writer.putPixel(reader.takePixel()); }
+
+    ORVA_INLINE void endRow() {
+        reader.endRow();
+        writer.endRow();
+    }
+};
+
+template <class Reader, class Writer> struct Repack {
+    template <bool fast, class Stores> static void run(const Descriptor& d) {
+        walkRows<fast, Stores>(RepackJob<Reader, Writer>(d), d.srcHeight, d.dstWidth);
+    }
+};
+
+}  // namespace orva::ORVA_ISA

@@ -1,0 +1,91 @@
+// Where BGR pixels go: blocks of 8 or 16 of them in vectors, pairs and single pixels at row ends.
+#pragma once
+
+#include "frame/row_walk.hpp"
+#include "rgb/pixels.hpp"
+#include "simd/bgr24.hpp"
+
+namespace orva::ORVA_ISA {
+
+class Bgr32Writer {
+public:
+    // What a colour conversion, which works on 8 pixels at a time, has to convert for one put.
+    static constexpr uint32_t colourBlock = 8;
+
+    ORVA_INLINE explicit Bgr32Writer(const Descriptor& d)
+        : dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+
+    template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
+        return unitsToBoundary<4 * unitPixels>(dst);
+    }
+    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+
+    template <class Stores, class V> ORVA_INLINE void put(const Pixels8<V>& pixels) {
+        Stores::put(pixels.a, dst);
+        Stores::put(pixels.b, dst + V::bytes);
+        dst += 2 * V::bytes;
+    }
+
+    template <class Stores, class V> ORVA_INLINE void put(const Pixels16<V>& pixels) {
+        put<Stores>(Pixels8<V>{pixels.a, pixels.b});
+        put<Stores>(Pixels8<V>{pixels.c, pixels.d});
+    }
+
+    ORVA_INLINE void putPair(Vec128 pixels) {
+        pixels.store8(dst);
+        dst += 8;
+    }
+
+    ORVA_INLINE void putPixel(uint32_t pixel) {
+        Vec128::fromDwords(pixel, 0).store4(dst);
+        dst += 4;
+    }
+
+    ORVA_INLINE void endRow() { dst += gap; }
+
+private:
+    uint8_t* dst;
+    ptrdiff_t gap;
+};
+
+// Drops the fourth bytes.
+class Bgr24Writer {
+public:
+    static constexpr uint32_t colourBlock = 16;
+
+    ORVA_INLINE explicit Bgr24Writer(const Descriptor& d)
+        : dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+
+    template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
+        return unitsToBoundary<3 * unitPixels>(dst);
+    }
+    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+
+    template <class Stores, class V> ORVA_INLINE void put(const Pixels16<V>& pixels) {
+        const Packed24<V> packed = pack24(pixels.a, pixels.b, pixels.c, pixels.d);
+        Stores::put(packed.first, dst);
+        Stores::put(packed.second, dst + V::bytes);
+        Stores::put(packed.third, dst + 2 * V::bytes);
+        dst += 3 * V::bytes;
+    }
+
+    ORVA_INLINE void putPair(Vec128 pixels) {
+        putPixel(pixels.low32());
+        putPixel(pixels.secondDword());
+    }
+
+    ORVA_INLINE void putPixel(uint32_t pixel) {
+        dst[0] = uint8_t(pixel);
+        dst[1] = uint8_t(pixel >> 8);
+        dst[2] = uint8_t(pixel >> 16);
+        dst += 3;
+    }
+
+    ORVA_INLINE void endRow() { dst += gap; }
+
+private:
+    uint8_t* dst;
+    ptrdiff_t gap;
+};
+
+}  // namespace orva::ORVA_ISA
