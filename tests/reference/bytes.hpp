@@ -1,4 +1,4 @@
-// Byte access, saturation and alignment tests of the scalar model.
+// Byte access, narrowing, luma bounds and alignment tests of the scalar model.
 #pragma once
 
 #include <orva/orva.h>
@@ -43,6 +43,14 @@ inline std::uint8_t saturate8(std::int32_t value) {
     return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
 }
 inline std::int16_t wrap16(std::int32_t value) { return static_cast<std::int16_t>(value); }
+
+struct LumaBounds {
+    int low, high;
+    int clamp(int luma) const { return std::min(std::max(luma, low), high); }
+};
+inline LumaBounds lumaBounds(const Descriptor& d) {
+    return d.clampStudio ? LumaBounds{16, 235} : LumaBounds{0, 255};
+}
 
 inline bool aligned(const void* data, std::int32_t pitch, std::uint32_t pitchMultiple,
                     std::uint32_t width, std::uint32_t widthMultiple) {

@@ -9,71 +9,44 @@
 #include <functional>
 #include <map>
 #include <set>
-#include <stdexcept>
 #include <string>
+#include <type_traits>
+#include <vector>
 
 namespace reference {
 namespace {
 
 using Conversion = std::function<void(const Descriptor&)>;
 
-Conversion pixels(int sourceBytes, int destinationBytes, void (*move)(const PixelPlaces&)) {
-    return [=](const Descriptor& d) { movePixels(d, sourceBytes, destinationBytes, move); };
+// A kernel with its further arguments.
+template <typename... Args>
+Conversion run(void (*kernel)(const Descriptor&, Args...), std::type_identity_t<Args>... args) {
+    return [=](const Descriptor& d) { kernel(d, args...); };
 }
 
-Conversion packedToBgr32(const YuvLayout& layout, AlphaSource alpha) {
+bool never(const Descriptor&) { return false; }
+bool packedFast(const Descriptor& d) {
+    return sourceAligned(d, 16, 8) && destinationAligned(d, 32, 4);
+}
+bool modesFast(const Descriptor& d) {
+    return sourceAligned(d, 32, 4) && destinationAligned(d, 16, 8);
+}
+bool blocksOf16Fast(const Descriptor& d) { return destinationAligned(d, 16, 16); }
+
+// One column per kernelMode; calling an empty one throws.
+Conversion modes(const std::vector<Conversion>& columns) {
     return [=](const Descriptor& d) {
-        const bool fast = sourceAligned(d, 16, 8) && destinationAligned(d, 32, 4);
-        yuvToBgr32(d, layout, alpha, fast);
+        const auto mode = static_cast<std::uint32_t>(d.kernelMode);
+        columns.at(mode <= 4 ? mode : 0)(d);
     };
 }
-
-Conversion toBgr24(const YuvLayout& layout) {
-    return [=](const Descriptor& d) { yuvToBgr24(d, layout); };
+Conversion modesToBgr32(const YuvLayout& layout) {
+    return modes({run(yuvToBgr, layout, FourthByte::constant, modesFast), run(reduceToBgr32, 2),
+                  run(reduceToBgr32, 4)});
 }
-
-Conversion toYuv(int pixelBytes, const YuvLayout& layout, AlphaPlane alpha = AlphaPlane::no) {
-    return [=](const Descriptor& d) { bgrToYuv(d, pixelBytes, layout, alpha); };
-}
-
-std::uint32_t modeOf(const Descriptor& d) {
-    const auto mode = static_cast<std::uint32_t>(d.kernelMode);
-    return mode <= 4 ? mode : 0;
-}
-[[noreturn]] void emptyMode() { throw std::invalid_argument("no kernel for this kernelMode"); }
-
-// Against packedToBgr32, conversions with modes test pitches and width the other way around.
-Conversion bgr32WithModes(const YuvLayout& layout) {
-    return [=](const Descriptor& d) {
-        const bool fast = sourceAligned(d, 32, 4) && destinationAligned(d, 16, 8);
-        switch (modeOf(d)) {
-        case 0:
-            return yuvToBgr32(d, layout, AlphaSource::constant, fast);
-        case 1:
-            return reduceToBgr32(d, 2);
-        case 2:
-            return reduceToBgr32(d, 4);
-        default:
-            emptyMode();
-        }
-    };
-}
-
-Conversion yuvWithModes(const YuvLayout& layout) {
-    return [=](const Descriptor& d) {
-        switch (modeOf(d)) {
-        case 0:
-            return bgrToYuv(d, 4, layout, AlphaPlane::no);
-        case 1:
-            return reduceToYuv(d, layout, 2);
-        case 2:
-            return reduceToYuv(d, layout, 4);
-        case 3:
-            return enlargeToYuv(d, layout);
-        default:
-            emptyMode();
-        }
-    };
+Conversion modesToYuv(const YuvLayout& layout) {
+    return modes({run(bgrToYuv, 4, layout, AlphaPlane::no), run(reduceToYuv, layout, 2),
+                  run(reduceToYuv, layout, 4), run(enlargeToYuv, layout)});
 }
 
 // The layouts that a conversion reads and writes; they need not be those of its name.
@@ -85,14 +58,13 @@ constexpr Reorder uyvyToYuyv{uyvy16, yuyv16}, yuyvToUyvy{yuyv16, uyvy16};
 constexpr Reorder uyvyToUvyy{uyvy16, uvyy16}, uvyyToUyvy{uvyy16, uyvy16};
 constexpr Reorder uyvyToPlanes{uyvy16, y8puv8};
 
-Conversion yuvToYuv(const Reorder& fast, const Reorder& general, const Reorder& matrix) {
-    return [=](const Descriptor& d) {
-        const Reorder& equal = destinationAligned(d, 16, 16) ? fast : general;
-        if (d.srcColorSpace == d.dstColorSpace)
-            reorderYuv(d, equal.from, equal.to);
-        else
-            convertMatrix(d, matrix.from, matrix.to);
-    };
+void yuvToYuv(const Descriptor& d, const Reorder& fast, const Reorder& general,
+              const Reorder& matrix) {
+    const Reorder& equal = blocksOf16Fast(d) ? fast : general;
+    if (d.srcColorSpace == d.dstColorSpace)
+        reorderYuv(d, equal.from, equal.to);
+    else
+        convertMatrix(d, matrix.from, matrix.to);
 }
 
 void bgr24ToUvyy(const Descriptor& d) {
@@ -102,57 +74,51 @@ void bgr24ToUvyy(const Descriptor& d) {
         bgrToYuv(d, 3, uvyy16, AlphaPlane::no);
 }
 
-const std::map<std::string_view, Conversion>& conversions() {
-    using Pixel = const PixelPlaces&;
-    static const std::map<std::string_view, Conversion> table = {
-        {"A8P_A8P", pixels(1, 1, [](Pixel p) { p.copy(1); })},
-        {"A8C_A8P", pixels(0, 1, [](Pixel p) { p.to[0] = p.alphaValue; })},
+using Pixel = const PixelPlaces&;
+const std::map<std::string_view, Conversion> conversions = {
+    {"A8P_A8P", run(movePixels, 1, 1, [](Pixel p) { p.copy(1); })},
+    {"A8C_A8P", run(movePixels, 0, 1, [](Pixel p) { p.to[0] = p.alphaValue; })},
 
-        {"BGR32I_A8P", pixels(4, 1, [](Pixel p) { p.to[0] = p.from[3]; })},
-        {"BGR32I_BGR24IA8P", pixels(4, 3, [](Pixel p) { p.copy(3).toAlpha[0] = p.from[3]; })},
-        {"BGR24IA8P_BGR32I", pixels(3, 4, [](Pixel p) { p.copy(3).to[3] = p.fromAlpha[0]; })},
-        {"BGR32I_BGR32I", pixels(4, 4, [](Pixel p) { p.copy(4); })},
-        {"BGR32I_BGR24I", pixels(4, 3, [](Pixel p) { p.copy(3); })},
-        {"BGR24I_BGR32I", pixels(3, 4, [](Pixel p) { p.copy(3).to[3] = p.alphaValue; })},
-        {"BGR24I_BGR24I", pixels(3, 3, [](Pixel p) { p.copy(3); })},
+    {"BGR32I_A8P", run(movePixels, 4, 1, [](Pixel p) { p.to[0] = p.from[3]; })},
+    {"BGR32I_BGR24IA8P", run(movePixels, 4, 3, [](Pixel p) { p.copy(3).toAlpha[0] = p.from[3]; })},
+    {"BGR24IA8P_BGR32I", run(movePixels, 3, 4, [](Pixel p) { p.copy(3).to[3] = p.fromAlpha[0]; })},
+    {"BGR32I_BGR32I", run(movePixels, 4, 4, [](Pixel p) { p.copy(4); })},
+    {"BGR32I_BGR24I", run(movePixels, 4, 3, [](Pixel p) { p.copy(3); })},
+    {"BGR24I_BGR32I", run(movePixels, 3, 4, [](Pixel p) { p.copy(3).to[3] = p.alphaValue; })},
+    {"BGR24I_BGR24I", run(movePixels, 3, 3, [](Pixel p) { p.copy(3); })},
 
-        {"UYVY16I_BGR32I", bgr32WithModes(uyvy16)},
-        {"Y8PUV8I_BGR32I", bgr32WithModes(y8puv8)},
-        {"YUYV16I_BGR32I", packedToBgr32(yuyv16, AlphaSource::constant)},
-        {"UYVY16IA8P_BGR32I", packedToBgr32(uyvy16, AlphaSource::plane)},
-        {"YUYV16IA8P_BGR32I", packedToBgr32(yuyv16, AlphaSource::plane)},
-        {"Y8PUV8IA8P_BGR32I",
-         [](const Descriptor& d) {
-             yuvToBgr32(d, y8puv8, AlphaSource::plane, destinationAligned(d, 16, 16));
-         }},
-        {"Y8PUV8I_BGR24I", toBgr24(y8puv8)},
-        {"UVYY16I_BGR24I", toBgr24(uvyy16)},
-        {"YUYV16I_BGR24I", toBgr24(yuyv16)},
-        {"UYVY16I_BGR24I", toBgr24(uyvy16)},
+    {"UYVY16I_BGR32I", modesToBgr32(uyvy16)},
+    {"Y8PUV8I_BGR32I", modesToBgr32(y8puv8)},
+    {"YUYV16I_BGR32I", run(yuvToBgr, yuyv16, FourthByte::constant, packedFast)},
+    {"UYVY16IA8P_BGR32I", run(yuvToBgr, uyvy16, FourthByte::plane, packedFast)},
+    {"YUYV16IA8P_BGR32I", run(yuvToBgr, yuyv16, FourthByte::plane, packedFast)},
+    {"Y8PUV8IA8P_BGR32I", run(yuvToBgr, y8puv8, FourthByte::plane, blocksOf16Fast)},
+    {"Y8PUV8I_BGR24I", run(yuvToBgr, y8puv8, FourthByte::none, never)},
+    {"UVYY16I_BGR24I", run(yuvToBgr, uvyy16, FourthByte::none, never)},
+    {"YUYV16I_BGR24I", run(yuvToBgr, yuyv16, FourthByte::none, never)},
+    {"UYVY16I_BGR24I", run(yuvToBgr, uyvy16, FourthByte::none, never)},
 
-        {"BGR32I_UYVY16I", yuvWithModes(uyvy16)},
-        {"BGR32I_UVYY16I", yuvWithModes(uvyy16)},
-        {"BGR32I_Y8PUV8I", yuvWithModes(y8puv8)},
-        {"BGR32I_YUYV16I", toYuv(4, yuyv16)},
-        {"BGR32I_YUYV16IA8P", toYuv(4, yuyv16, AlphaPlane::yes)},
-        {"BGR32I_UYVY16IA8P", toYuv(4, uyvy16, AlphaPlane::yes)},
-        {"BGR32I_UVYY16IA8P", toYuv(4, uvyy16, AlphaPlane::yes)},
-        {"BGR32I_Y8PUV8IA8P", toYuv(4, y8puv8, AlphaPlane::yes)},
-        {"BGR24I_YUYV16I", toYuv(3, yuyv16)},
-        {"BGR24I_UYVY16I", toYuv(3, uyvy16)},
-        {"BGR24I_UVYY16I", bgr24ToUvyy},
-        {"BGR24I_Y8PUV8I", toYuv(3, y8puv8)},
+    {"BGR32I_UYVY16I", modesToYuv(uyvy16)},
+    {"BGR32I_UVYY16I", modesToYuv(uvyy16)},
+    {"BGR32I_Y8PUV8I", modesToYuv(y8puv8)},
+    {"BGR32I_YUYV16I", run(bgrToYuv, 4, yuyv16, AlphaPlane::no)},
+    {"BGR32I_YUYV16IA8P", run(bgrToYuv, 4, yuyv16, AlphaPlane::yes)},
+    {"BGR32I_UYVY16IA8P", run(bgrToYuv, 4, uyvy16, AlphaPlane::yes)},
+    {"BGR32I_UVYY16IA8P", run(bgrToYuv, 4, uvyy16, AlphaPlane::yes)},
+    {"BGR32I_Y8PUV8IA8P", run(bgrToYuv, 4, y8puv8, AlphaPlane::yes)},
+    {"BGR24I_YUYV16I", run(bgrToYuv, 3, yuyv16, AlphaPlane::no)},
+    {"BGR24I_UYVY16I", run(bgrToYuv, 3, uyvy16, AlphaPlane::no)},
+    {"BGR24I_UVYY16I", bgr24ToUvyy},
+    {"BGR24I_Y8PUV8I", run(bgrToYuv, 3, y8puv8, AlphaPlane::no)},
 
-        {"UYVY16I_UYVY16I", yuvToYuv(uyvyCopy, uyvyCopy, uyvyCopy)},
-        {"YUYV16I_YUYV16I", yuvToYuv(yuyvCopy, yuyvCopy, yuyvCopy)},
-        {"UYVY16I_YUYV16I", yuvToYuv(uyvyToYuyv, uyvyToYuyv, uyvyToYuyv)},
-        {"YUYV16I_UYVY16I", yuvToYuv(yuyvToUyvy, yuyvToUyvy, yuyvToUyvy)},
-        {"UVYY16I_UYVY16I", yuvToYuv(uvyyToUyvy, uyvyCopy, uyvyCopy)},
-        {"UYVY16I_UVYY16I", yuvToYuv(uyvyToUvyy, uyvyCopy, uyvyCopy)},
-        {"UYVY16I_Y8PUV8I", yuvToYuv(uyvyToPlanes, uyvyToPlanes, uyvyCopy)},
-    };
-    return table;
-}
+    {"UYVY16I_UYVY16I", run(yuvToYuv, uyvyCopy, uyvyCopy, uyvyCopy)},
+    {"YUYV16I_YUYV16I", run(yuvToYuv, yuyvCopy, yuyvCopy, yuyvCopy)},
+    {"UYVY16I_YUYV16I", run(yuvToYuv, uyvyToYuyv, uyvyToYuyv, uyvyToYuyv)},
+    {"YUYV16I_UYVY16I", run(yuvToYuv, yuyvToUyvy, yuyvToUyvy, yuyvToUyvy)},
+    {"UVYY16I_UYVY16I", run(yuvToYuv, uvyyToUyvy, uyvyCopy, uyvyCopy)},
+    {"UYVY16I_UVYY16I", run(yuvToYuv, uyvyToUvyy, uyvyCopy, uyvyCopy)},
+    {"UYVY16I_Y8PUV8I", run(yuvToYuv, uyvyToPlanes, uyvyToPlanes, uyvyCopy)},
+};
 
 // Conversions made of a colour step, named alike without the alpha planes, and an alpha step.
 const std::set<std::string_view> composites = {
@@ -190,8 +156,8 @@ void composite(std::string_view name, const Descriptor& caller) {
 }  // namespace
 
 bool convert(std::string_view name, const OrvaConversionDescriptor& conversion) {
-    const auto found = conversions().find(name);
-    if (found != conversions().end())
+    const auto found = conversions.find(name);
+    if (found != conversions.end())
         found->second(conversion);
     else if (composites.contains(name))
         composite(name, conversion);

@@ -18,8 +18,8 @@ struct PixelPlaces {
     }
 };
 
-template <typename Move>
-void movePixels(const Descriptor& d, int sourceBytes, int destinationBytes, Move move) {
+inline void movePixels(const Descriptor& d, int sourceBytes, int destinationBytes,
+                       void (*move)(const PixelPlaces&)) {
     PixelPlaces p{Source(d.srcData), Source(d.srcPlane2Data), Destination(d.dstData),
                   Destination(d.dstPlane2Data), static_cast<std::uint8_t>(d.alphaValue)};
     const auto advance = [&p](std::int64_t from, std::int64_t fromAlpha, std::int64_t to,

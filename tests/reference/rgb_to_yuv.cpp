@@ -19,26 +19,23 @@ std::uint8_t lumaOf(const RgbToYuv& c, const Bgr& pixel) {
 }  // namespace
 
 RgbToYuv rgbToYuvConstants(const Descriptor& d) {
-    const bool bt601 = d.dstColorSpace == 1;
-    RgbToYuv c{};
-    if (bt601)
-        c = {{8414, 16519, 3208}, {-4857, -9535, 14392}, {14392, -12051, -2340}, 16, 0, 255};
-    else
-        c = {{5983, 20127, 2032}, {-3298, -11094, 14392}, {14392, -13073, -1320}, 16, 0, 255};
-    if (d.fullRange) {
-        c.y = bt601 ? RgbWeights{9798, 19235, 3735} : RgbWeights{6966, 23436, 2366};
-        c.offset = 0;
-    }
-    if (d.clampStudio) {
-        c.low = 16;
-        c.high = 235;
-    }
-    return c;
+    const int offset = d.fullRange ? 0 : 16;
+    if (d.dstColorSpace == 1)
+        return {d.fullRange ? RgbWeights{9798, 19235, 3735} : RgbWeights{8414, 16519, 3208},
+                {-4857, -9535, 14392},
+                {14392, -12051, -2340},
+                offset,
+                lumaBounds(d)};
+    return {d.fullRange ? RgbWeights{6966, 23436, 2366} : RgbWeights{5983, 20127, 2032},
+            {-3298, -11094, 14392},
+            {14392, -13073, -1320},
+            offset,
+            lumaBounds(d)};
 }
 
 YuvPair rgbToYuv(const RgbToYuv& c, const Bgr& even, const Bgr& odd) {
     const auto luma = [&](const Bgr& pixel) {
-        return static_cast<std::uint8_t>(std::min(std::max<int>(lumaOf(c, pixel), c.low), c.high));
+        return static_cast<std::uint8_t>(c.bounds.clamp(lumaOf(c, pixel)));
     };
     const auto chroma = [](std::int16_t sum) { return static_cast<std::uint8_t>(sum + 128); };
     return {luma(even), luma(odd), chroma(weigh(c.cb, even)), chroma(weigh(c.cr, odd))};

@@ -11,7 +11,8 @@ struct RgbWeights {
 };
 struct RgbToYuv {
     RgbWeights y, cb, cr;
-    int offset, low, high;
+    int offset;
+    LumaBounds bounds;
 };
 RgbToYuv rgbToYuvConstants(const Descriptor& d);
 YuvPair rgbToYuv(const RgbToYuv& constants, const Bgr& even, const Bgr& odd);

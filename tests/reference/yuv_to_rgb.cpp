@@ -4,28 +4,17 @@
 #include "reference/line_addresses.hpp"
 
 namespace reference {
-namespace {
-
-// The even pixel of a full-size pair loses all but the low byte of its luma difference.
-Bgr fullSizePixel(const YuvToRgb& constants, const YuvPair& pair, int odd) {
-    return yuvToRgb(constants, odd ? pair.y1 : pair.y0, pair.cb, pair.cr,
-                    odd ? LumaWidth::full : LumaWidth::lowByte);
-}
-
-}  // namespace
 
 YuvToRgb yuvToRgbConstants(const Descriptor& d) {
     const int offset = d.fullRange ? 0 : 16;
     const int lumaGain = d.fullRange ? 16384 : 19073;
-    const int low = d.clampStudio ? 16 : 0;
-    const int high = d.clampStudio ? 235 : 255;
     if (d.dstColorSpace == 1)
-        return {offset, lumaGain, 16525, -3209, -6660, 13075, low, high};
-    return {offset, lumaGain, 17305, -1747, -4366, 14686, low, high};
+        return {offset, lumaGain, 16525, -3209, -6660, 13075, lumaBounds(d)};
+    return {offset, lumaGain, 17305, -1747, -4366, 14686, lumaBounds(d)};
 }
 
 Bgr yuvToRgb(const YuvToRgb& c, int y, int cb, int cr, LumaWidth width) {
-    const int difference = std::min(std::max(y, c.low), c.high) - c.offset;
+    const int difference = c.bounds.clamp(y) - c.offset;
     const int luma = width == LumaWidth::lowByte ? difference & 0xFF : difference;
     const int u = 2 * (cb - 128);
     const int v = 2 * (cr - 128);
@@ -41,44 +30,38 @@ std::uint8_t pairAlpha(std::int32_t alphaValue, int odd) {
     return odd ? saturate8(wrap16(static_cast<std::uint8_t>(alphaValue) * 256)) : 0;
 }
 
-void yuvToBgr32(const Descriptor& d, const YuvLayout& layout, AlphaSource alpha, bool fast) {
+// The split into pairs and blocks shows in fourth bytes only. The even pixel of a pair loses all
+// but the low byte of its luma difference.
+void yuvToBgr(const Descriptor& d, const YuvLayout& layout, FourthByte fourth,
+              bool (*fast)(const Descriptor&)) {
     const YuvToRgb constants = yuvToRgbConstants(d);
+    const int bytes = fourth == FourthByte::none ? 3 : 4;
     auto source = sourceYuv(d, layout);
     Source alphaRow(d.srcPlane2Data);
     Destination row(d.dstData);
     for (std::uint32_t r = 0; r < d.srcHeight; ++r) {
-        const Split split = fast ? splitFast(d.dstWidth, 8) : splitGeneral(d.dstWidth, 8, row, 8);
+        const Split split =
+            fast(d) ? splitFast(d.dstWidth, 8) : splitGeneral(d.dstWidth, 8, row, 8);
         for (std::int64_t x = 0; x < 2 * split.pairs(); ++x) {
             const int odd = x % 2;
             const bool inBlock = split.inBlock(x / 2);
-            storeBgr(row + 4 * x, fullSizePixel(constants, source.load(x / 2), odd));
-            if (alpha == AlphaSource::plane)
-                row[4 * x + 3] = alphaRow[inBlock ? x - 2 * split.head : x];
-            else
-                row[4 * x + 3] = inBlock ? blockAlpha(d.alphaValue) : pairAlpha(d.alphaValue, odd);
+            const YuvPair pair = source.load(x / 2);
+            const Destination pixel = row + bytes * x;
+            storeBgr(pixel, yuvToRgb(constants, odd ? pair.y1 : pair.y0, pair.cb, pair.cr,
+                                     odd ? LumaWidth::full : LumaWidth::lowByte));
+            if (fourth == FourthByte::plane)
+                pixel[3] = alphaRow[inBlock ? x - 2 * split.head : x];
+            else if (fourth == FourthByte::constant)
+                pixel[3] = inBlock ? blockAlpha(d.alphaValue) : pairAlpha(d.alphaValue, odd);
         }
         source.finishRow(split.pairs(), d.srcRowGap);
-        row += 8 * split.pairs() + d.dstRowGap;
+        row += 2 * bytes * split.pairs() + d.dstRowGap;
         // Pairs converted singly do not move the alpha pointer.
         alphaRow += 2 * split.body + d.srcPlane2RowGap;
     }
 }
 
-// Without a fourth byte the kinds of pairs give the same bytes, so that no split is needed.
-void yuvToBgr24(const Descriptor& d, const YuvLayout& layout) {
-    const YuvToRgb constants = yuvToRgbConstants(d);
-    auto source = sourceYuv(d, layout);
-    Destination row(d.dstData);
-    const std::int64_t pairs = d.dstWidth / 2;
-    for (std::uint32_t r = 0; r < d.srcHeight; ++r) {
-        for (std::int64_t x = 0; x < 2 * pairs; ++x)
-            storeBgr(row + 3 * x, fullSizePixel(constants, source.load(x / 2), x % 2));
-        source.finishRow(pairs, d.srcRowGap);
-        row += 6 * pairs + d.dstRowGap;
-    }
-}
-
-// Pairs and blocks give the same bytes here too.
+// Pairs and blocks give the same bytes here.
 void reduceToBgr32(const Descriptor& d, int factor) {
     const YuvToRgb constants = yuvToRgbConstants(d);
     LineAddresses lines = lineAddresses(d);

@@ -10,7 +10,8 @@ enum class LumaWidth { lowByte, full };
 
 // Fixed point with 14 fraction bits; the chroma gains are halved, for a doubled chroma difference.
 struct YuvToRgb {
-    int offset, lumaGain, blueCb, greenCb, greenCr, redCr, low, high;
+    int offset, lumaGain, blueCb, greenCb, greenCr, redCr;
+    LumaBounds bounds;
 };
 YuvToRgb yuvToRgbConstants(const Descriptor& d);
 Bgr yuvToRgb(const YuvToRgb& constants, int y, int cb, int cr, LumaWidth width);
@@ -19,9 +20,9 @@ Bgr yuvToRgb(const YuvToRgb& constants, int y, int cb, int cr, LumaWidth width);
 std::uint8_t blockAlpha(std::int32_t alphaValue);
 std::uint8_t pairAlpha(std::int32_t alphaValue, int odd);
 
-enum class AlphaSource { constant, plane };
-void yuvToBgr32(const Descriptor& d, const YuvLayout& layout, AlphaSource alpha, bool fast);
-void yuvToBgr24(const Descriptor& d, const YuvLayout& layout);
+enum class FourthByte { none, constant, plane };
+void yuvToBgr(const Descriptor& d, const YuvLayout& layout, FourthByte fourth,
+              bool (*fast)(const Descriptor&));
 
 // Every second or fourth pixel of UYVY16I lines, whatever the source's name says.
 void reduceToBgr32(const Descriptor& d, int factor);

@@ -13,8 +13,7 @@ int roundingOf(std::int16_t value) { return value >= 0 ? 128 : 0; }
 int belowZeroLess128(std::int16_t value) { return (value < 0 ? wrap16(value - 128) : value) >> 8; }
 
 std::uint8_t corrected(const YuvMatrix& m, int luma, int correction) {
-    const auto clamp = [&](int value) { return std::min(std::max(value, m.low), m.high); };
-    return saturate8(clamp(wrap16(clamp(luma) + correction)));
+    return saturate8(m.bounds.clamp(wrap16(m.bounds.clamp(luma) + correction)));
 }
 
 // `decider` is the value whose sign decides the rounding.
@@ -25,11 +24,9 @@ std::uint8_t roundedChroma(std::int16_t value, std::int16_t decider) {
 }  // namespace
 
 YuvMatrix yuvMatrix(const Descriptor& d) {
-    const int low = d.clampStudio ? 16 : 0;
-    const int high = d.clampStudio ? 235 : 255;
     if (d.srcColorSpace == 1 && d.dstColorSpace == 0)
-        return {{-1893, -3407}, {16689, 1878}, {1230, 16799}, low, high};
-    return {{1627, 3141}, {16218, -1813}, {-1187, 16112}, low, high};
+        return {{-1893, -3407}, {16689, 1878}, {1230, 16799}, lumaBounds(d)};
+    return {{1627, 3141}, {16218, -1813}, {-1187, 16112}, lumaBounds(d)};
 }
 
 // Pairs 0 to 3 are the first half, 4 to 7 the second. Both halves take the luma correction of the

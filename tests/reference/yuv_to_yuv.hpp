@@ -13,7 +13,7 @@ struct ChromaWeights {
 };
 struct YuvMatrix {
     ChromaWeights luma, cb, cr;
-    int low, high;
+    LumaBounds bounds;
 };
 YuvMatrix yuvMatrix(const Descriptor& d);
 
