@@ -1,6 +1,7 @@
 // The memory of owning images.
 #include "validate.hpp"
 
+#include <algorithm>
 #include <cstring>
 
 namespace orva {
@@ -22,9 +23,12 @@ std::optional<Image> Image::create(Format format, std::uint32_t width,
     }
     // 192 is the least multiple of 64 that is one of 48, which the kernels for BGR24I ask for.
     const std::uint64_t pitchUnit = info.bytesPerPixel == 3 ? 3 * planeAlignment : planeAlignment;
-    const auto pitchOf = [&](std::uint64_t bytes) { return roundUp(std::max<std::uint64_t>(bytes, 1), pitchUnit); };
+    const auto pitchOf = [&](std::uint64_t bytes) {
+        return roundUp(std::max<std::uint64_t>(bytes, 1), pitchUnit);
+    };
     const std::uint64_t mainPitch = pitchOf(std::uint64_t{width} * info.bytesPerPixel);
-    const std::uint64_t alphaPitch = info.alphaPlane ? roundUp(std::max<std::uint32_t>(width, 1), planeAlignment) : 0;
+    const std::uint64_t alphaPitch =
+        info.alphaPlane ? roundUp(std::max<std::uint32_t>(width, 1), planeAlignment) : 0;
     if (mainPitch > maximumPitch) {
         return std::nullopt;
     }
@@ -37,8 +41,8 @@ std::optional<Image> Image::create(Format format, std::uint32_t width,
     }
 
     Image image;
-    image.memory = ::operator new(std::max<std::size_t>(static_cast<std::size_t>(size), 1),
-                                  std::align_val_t{planeAlignment}, std::nothrow);
+    image.memory = ::operator new (std::max<std::size_t>(static_cast<std::size_t>(size), 1),
+                                   std::align_val_t{planeAlignment}, std::nothrow);
     if (!image.memory) {
         return std::nullopt;
     }
@@ -63,7 +67,7 @@ std::optional<Image> Image::create(Format format, std::uint32_t width,
 
 Image::~Image() {
     if (memory) {
-        ::operator delete(memory, std::align_val_t{planeAlignment});
+        ::operator delete (memory, std::align_val_t{planeAlignment});
     }
 }
 

@@ -1,0 +1,63 @@
+// Binary files, standard input and standard output under one interface; output appears under its
+// name only when it is complete.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace orva::tool {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const;
+};
+using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
+
+class InputFile {
+public:
+    // "-" is standard input.
+    explicit InputFile(const std::string& name);
+
+    // Fills as much of `bytes` as the file still holds and returns how much that was.
+    std::size_t read(std::span<std::byte> bytes);
+
+    const std::string& name() const { return shownName; }
+    std::FILE* stream() const { return file.get(); }
+
+    // Of a regular file.
+    std::optional<std::uint64_t> size() const { return fileSize; }
+
+private:
+    std::string shownName;
+    FileHandle file;
+    std::optional<std::uint64_t> fileSize;
+};
+
+// Written to a temporary name beside the target and renamed by commit(); without commit() nothing
+// stays. Standard output ("-"), devices and pipes are written directly.
+class OutputFile {
+public:
+    explicit OutputFile(const std::string& name);
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    void write(std::span<const std::byte> bytes);
+    void commit();
+
+    const std::string& name() const { return shownName; }
+    std::FILE* stream() const { return file.get(); }
+
+private:
+    std::string shownName;
+    std::filesystem::path target;
+    std::filesystem::path temporary;  // empty where the target is written directly
+    FileHandle file;
+};
+
+}  // namespace orva::tool

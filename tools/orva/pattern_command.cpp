@@ -1,0 +1,20 @@
+// orva pattern: writes the test chart.
+#include "commands.hpp"
+#include "pattern.hpp"
+#include "progress.hpp"
+
+namespace orva::tool {
+
+void runPattern(const PatternArguments& arguments) {
+    Image image = createImage(arguments.format, arguments.size);
+    const auto writer = createFrames(arguments.output, arguments.format);
+    Progress progress(arguments.frames);
+    for (std::uint32_t frame = 0; frame < arguments.frames && !writer->full(); ++frame) {
+        drawChart(image.view(), frame, arguments.matrix, arguments.range);
+        writer->write(std::as_const(image).view());
+        progress.show(frame + 1);
+    }
+    writer->commit();
+}
+
+}  // namespace orva::tool
