@@ -80,6 +80,7 @@ TEST(Model, FourthBytes) {
     };
     const Bytes uyvy = 40 * Bytes{128, 235}, yuyv = 40 * Bytes{235, 128}, pair{0, 255};
     expect("UYVY16I_BGR32I", frame(8, 1, 1, 1), uyvy, whites(8 * Bytes{100}), 32);
+    expect("YUYV16I_BGR32I", frame(8, 1, 1, 1), yuyv, whites(8 * Bytes{100}), 32);
     expect("UYVY16I_BGR32I", frame(8, 1, 1, 1), uyvy, whites(4 * pair));
     expect("YUYV16I_BGR32I", frame(8, 1, 1, 1), yuyv, whites(4 * pair), 48);
     // One pair, two blocks, one pair; the second row begins on a boundary.
@@ -102,15 +103,16 @@ TEST(Model, RgbToYuv) {
         const Descriptor d = frame(0, 0, 1 - code, code, full, clamp);
         return rgbToYuv(rgbToYuvConstants(d), pixel, pixel);
     };
+    const auto sum = [](const RgbWeights& weights) { return weights.r + weights.g + weights.b; };
     for (const int code : {0, 1}) {
-        EXPECT_EQ(both(code, false, false, {255, 255, 255}).y0, 235);
+        const RgbToYuv studio = rgbToYuvConstants(frame(0, 0, 0, code));
+        EXPECT_EQ(sum(studio.y), code ? 28141 : 28142);
+        EXPECT_EQ(sum(rgbToYuvConstants(frame(0, 0, 0, code, true)).y), 32768);
+        EXPECT_EQ(sum(studio.cb), 0);
+        EXPECT_EQ(sum(studio.cr), code ? 1 : -1);
         EXPECT_EQ(both(code, true, true, {0, 0, 0}).y0, 16);
         EXPECT_EQ(both(code, true, true, {255, 255, 255}).y0, 235);
-        for (std::uint8_t v = 0; v < 255; ++v)
-            EXPECT_EQ(both(code, true, false, {v, v, v}), (YuvPair{v, v, 128, 128}));
     }
-    EXPECT_EQ(both(1, false, false, {255, 0, 0}).cb, 240);
-    EXPECT_EQ(both(1, false, false, {0, 255, 255}).cb, 16);
     EXPECT_EQ(both(1, false, false, {50, 100, 200}), (YuvPair{123, 123, 91, 175}));
     EXPECT_EQ(both(2, false, false, {50, 100, 200}), (YuvPair{117, 117, 96, 174}));
     EXPECT_EQ(both(1, true, false, {50, 100, 200}), (YuvPair{124, 124, 91, 175}));
@@ -120,19 +122,21 @@ TEST(Model, RgbToYuv) {
     expect("BGR32I_YUYV16I", d, bgr32, 2 * Bytes{123, 91, 16, 128});
     EXPECT_EQ(expect("BGR32I_UVYY16IA8P", d, bgr32, 2 * Bytes{91, 128, 123, 16}),
               (Bytes{7, 8, 7, 8, 0xCD}));
-    expect("BGR32I_Y8PUV8I", d, bgr32, 2 * (Bytes{123, 16}) + 4 * Bytes{0xCD} + 2 * Bytes{91, 128},
+    expect("BGR32I_Y8PUV8I", d, bgr32, 2 * Bytes{123, 16} + 4 * Bytes{0xCD} + 2 * Bytes{91, 128},
            4);
-    d = frame(8, 1, 1, 1);
+    d = frame(16, 1, 1, 1);
     d.streamingStores = 2;
-    const Bytes bgr24 = 4 * Bytes{50, 100, 200, 0, 0, 0};
-    expect("BGR24I_UVYY16I", d, bgr24, 2 * Bytes{123, 0, 16, 0} + 4 * Bytes{16, 0});
-    expect("BGR24I_UVYY16I", d, bgr24, 4 * Bytes{91, 128, 123, 16}, 8);
+    const Bytes bgr24 = 8 * Bytes{50, 100, 200, 0, 0, 0};
+    expect("BGR24I_UVYY16I", d, bgr24, 2 * (2 * Bytes{123, 0, 16, 0} + 4 * Bytes{16, 0}));
+    expect("BGR24I_UVYY16I", d, bgr24, 8 * Bytes{91, 128, 123, 16}, 8);
 }
 
 TEST(Model, Modes) {
-    Bytes pixels, pairs;  // of value 0, 1, 2, ...
-    for (std::uint8_t v = 0; v < 120; ++v)
-        pixels = pixels + Bytes{v, v, v, 0}, pairs = pairs + Bytes{128, v, 128, 255};
+    Bytes pixels, pairs;  // of value 0, 1, 2, ...; odd pairs have chroma that is not to be used
+    for (std::uint8_t v = 0; v < 120; ++v) {
+        const auto chroma = static_cast<std::uint8_t>(v % 2 ? 7 : 128);
+        pixels = pixels + Bytes{v, v, v, 0}, pairs = pairs + Bytes{chroma, v, chroma, 255};
+    }
     // The second line is 4 x 16 bytes on, both lines advance by 8 + 2 x 4 x 16 bytes.
     Descriptor d = frame(2, 3, 1, 1, true);
     d.srcHeight = 1, d.kernelMode = d.lineMode = 2, d.srcRowGap = 8;
@@ -146,13 +150,16 @@ TEST(Model, Modes) {
     const LineAddresses upwards = lineAddresses(d);
     EXPECT_EQ(&upwards.lineB[0], &pixels[0]);
     EXPECT_EQ(upwards.pairAdvance, -820);
-    d = frame(2, 1, 1, 1, true);
+    d = frame(4, 1, 1, 1, true);
     d.kernelMode = 1;
-    expect("UYVY16I_BGR32I", d, pairs, row(0, 1));
-    expect("BGR32I_UYVY16I", d, pixels, {128, 0, 128, 2});
-    d.kernelMode = 3, d.srcHeight = 2, d.srcRowGap = -4, d.dstRowGap = 4;
-    const Bytes first{128, 0, 128, 0, 128, 1, 128, 1}, second{128, 1, 128, 1, 128, 2, 128, 2};
-    expect("BGR32I_UYVY16I", d, pixels, 2 * first + 2 * second, 8);
+    expect("UYVY16I_BGR32I", d, pairs, row(0, 1) + row(2, 3));
+    expect("BGR32I_UYVY16I", d, pixels, {128, 0, 128, 2, 128, 4, 128, 6});
+    d.kernelMode = -1;
+    expect("BGR32I_UYVY16I", d, pixels, {128, 0, 128, 1, 128, 2, 128, 3});
+    d.kernelMode = 3, d.srcHeight = 2, d.srcRowGap = -8, d.dstRowGap = 8;
+    const Bytes first{128, 0, 128, 0, 128, 1, 128, 1, 128, 2, 128, 2, 128, 3, 128, 3};
+    const Bytes second{128, 2, 128, 2, 128, 3, 128, 3, 128, 4, 128, 4, 128, 5, 128, 5};
+    expect("BGR32I_UYVY16I", d, pixels, 2 * first + 2 * second);
     d.kernelMode = 4;
     EXPECT_ANY_THROW(convert("BGR32I_UYVY16I", d));
 }
@@ -178,9 +185,14 @@ TEST(Model, YuvToYuv) {
     expect("UYVY16I_UVYY16I", frame(30, 1, 1, 1), source, 15 * Bytes{1, 2, 3, 4});
     expect("UYVY16I_Y8PUV8I", frame(32, 2, 1, 1), source, 32 * Bytes{2, 4} + 32 * Bytes{1, 3}, 32);
     expect("YUYV16I_UYVY16I", frame(2, 1, 0, 1), {100, 192, 100, 64}, out);
+    Descriptor d = frame(16, 2, 0, 1);
+    d.dstRowGap = 8;
+    const Bytes chroma = 16 * Bytes{192, 100, 64, 100}, gap = 8 * Bytes{0xCD};
     for (const char* name : {"UYVY16I_UVYY16I", "UYVY16I_Y8PUV8I", "UVYY16I_UYVY16I"}) {
-        expect(name, frame(15, 1, 0, 1), 8 * Bytes{192, 100, 64, 100}, 7 * out);
-        expect(name, frame(16, 1, 0, 1), 8 * Bytes{192, 100, 64, 100}, 4 * out + 4 * behind);
+        expect(name, frame(15, 1, 0, 1), chroma, 7 * out);
+        expect(name, frame(22, 1, 0, 1), chroma, 6 * out + 4 * behind + out, 16, 8);
+        expect(name, d, chroma, 4 * out + 4 * behind + gap + 4 * out + 4 * behind);
+        expect(name, d, chroma, 4 * out + 4 * behind + gap + 8 * out, 8);
     }
 }
 
@@ -189,6 +201,10 @@ TEST(Model, AlphaAndRepacking) {
     d.alphaValue = 300;
     const Bytes bgr24{1, 2, 3, 4, 5, 6, 7, 8, 9};
     expect("BGR24I_BGR32I", d, bgr24, {1, 2, 3, 44, 4, 5, 6, 44, 7, 8, 9, 44});
+    expect("BGR32I_BGR32I", d, bgr32, bgr32);
+    expect("BGR32I_BGR24I", d, bgr32, {50, 100, 200, 0, 0, 0, 1, 1, 1});
+    EXPECT_EQ(expect("BGR32I_BGR24IA8P", d, bgr32, {50, 100, 200, 0, 0, 0, 1, 1, 1}),
+              (Bytes{7, 8, 9, 0xCD, 0xCD}));
     expect("BGR32I_A8P", d, bgr32, {7, 8, 9});
     expect("BGR24IA8P_BGR32I", d, bgr24, {1, 2, 3, 0, 4, 5, 6, 1, 7, 8, 9, 2});
     expect("UYVY16IA8P_A8P", d, {}, {0, 1, 2});
