@@ -1,8 +1,8 @@
 # What can be done here; the work is in scripts/.
-.PHONY: help demo test test-windows bench format clean
+.PHONY: help demo test test-windows format clean
 
 help:
-	@echo "make demo          build, convert a film of test frames, show frames per second"
+	@echo "make demo          build, convert a clip of test frames, show frames per second"
 	@echo "make test          build and test the 64-bit and 32-bit Linux libraries"
 	@echo "make test-windows  build the 32-bit Windows library and test it under Wine"
 	@echo "make format        format all sources"
