@@ -20,7 +20,7 @@ compare_with_list() {
     diff <(listed_names "$1") <(sort) || fail "'<' is listed but not there, '>' is there but not listed"
 }
 
-is_elf() { [ "$(head -c 4 "$1" | tail -c 3)" = ELF ]; }
+is_elf() { head -c 4 "$1" | grep -aq ELF; }
 
 check_exports() {
     local objdump=$1 library=$2 def=$3
@@ -50,7 +50,8 @@ check_dependencies() {
 # start-up code and processor detection bring along.
 check_state() {
     local objdump=$1 library=$2 objects
-    objects=$("$objdump" -t "$library" | grep -E '[[:space:]]\.t?(data|bss)[[:space:]]' | awk '{ print $NF }')
+    objects=$("$objdump" -t "$library" |
+        awk '/[[:space:]]\.t?(data|bss)[[:space:]]/ { print $NF }')
     [ -n "$objects" ] || fail "no symbols in $library"
     ! grep -vxE '\.(data|bss)|_edata|_end|__bss_start|__dso_handle|__TMC_END__|completed\.[0-9]+|__cpu_(model|features2)|_ZN4orva13activeKernelsE' \
         <<<"$objects" || fail "writable data"
