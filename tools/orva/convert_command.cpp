@@ -38,9 +38,10 @@ void printStats(std::uint64_t frames, Clock::duration converting, Clock::duratio
     };
     const double count = static_cast<double>(frames);
     std::fprintf(stderr,
-                 "%llu frames: %.1f frames/s converted (%.2f GB/s read and written), "
+                 "%llu %s: %.1f frames/s converted (%.2f GB/s read and written), "
                  "%.1f frames/s with files\n",
-                 static_cast<unsigned long long>(frames), count / seconds(converting),
+                 static_cast<unsigned long long>(frames), frames == 1 ? "frame" : "frames",
+                 count / seconds(converting),
                  count * static_cast<double>(bytesPerFrame) / seconds(converting) / 1e9,
                  count / seconds(all));
 }

@@ -5,10 +5,19 @@
 #include <string>
 
 namespace orva::tool {
+namespace {
+
+// All but the constant alpha, which has no planes.
+bool inFiles(const FormatInfo& info) { return info.bytesPerPixel > 0; }
+
+}  // namespace
 
 void runFormats() {
     std::puts("Formats, their other names and the bytes of a pixel in a raw file:");
     for (const FormatInfo& info : formats()) {
+        if (!inFiles(info)) {
+            continue;
+        }
         std::printf("  %-11.*s %-22.*s %llu\n", static_cast<int>(info.name.size()),
                     info.name.data(), static_cast<int>(info.otherNames.size()),
                     info.otherNames.data(),
@@ -18,6 +27,9 @@ void runFormats() {
         "\nA raw file holds a frame's main plane, then its chroma plane, then its alpha plane.\n"
         "\nConversions:");
     for (const FormatInfo& source : formats()) {
+        if (!inFiles(source)) {
+            continue;
+        }
         std::string destinations;
         for (const FormatInfo& destination : formats()) {
             if (canConvert(source.format, destination.format)) {

@@ -15,6 +15,10 @@ std::string sizeText(FrameSize size) {
     return std::to_string(size.width) + "x" + std::to_string(size.height);
 }
 
+std::string frameText(Format format, FrameSize size) {
+    return std::string(formatInfo(format).name) + " of " + sizeText(size);
+}
+
 // Calls visit(row) for each of the frame's rows in the order of a raw file.
 template <class Byte, class Visit> void forEachRow(const BasicImageView<Byte>& image, Visit visit) {
     const FormatInfo& info = formatInfo(image.format);
@@ -70,9 +74,9 @@ public:
 private:
     [[noreturn]] void failPartial(std::uint64_t bytes) const {
         throw Failure(file.name() + ": " + std::to_string(bytes) +
-                      " bytes are not a whole number of " + std::string(formatInfo(format).name) +
-                      " frames of " + sizeText(frameSize) + " (" + std::to_string(frameBytes) +
-                      " bytes each)");
+                      " bytes are not a whole number of frames, each " +
+                      frameText(format, frameSize) + " with " + std::to_string(frameBytes) +
+                      " bytes");
     }
 
     InputFile file;
@@ -168,6 +172,16 @@ private:
     std::uint64_t written = 0;
 };
 
+void requireSize(Format format, FrameSize size) {
+    if (formatInfo(format).bytesPerPixel == 0) {
+        throw Failure(std::string(formatInfo(format).name) + " has no planes, so no file holds it");
+    }
+    if (formatInfo(format).pixelPairs && size.width % 2 != 0) {
+        throw Failure(frameText(format, size) +
+                      ": the width is odd, and 4:2:2 formats hold whole pixel pairs");
+    }
+}
+
 void requirePictureFormat(const std::string& name, Format format) {
     if (!isPictureFormat(format)) {
         throw Failure(name + ": pictures hold BGR32I, BGR24I or BGR24IA8P, not " +
@@ -185,16 +199,10 @@ std::uint64_t rawFrameBytes(Format format, FrameSize size) {
 }
 
 Image createImage(Format format, FrameSize size) {
-    const std::string what = std::string(formatInfo(format).name) + " of " + sizeText(size);
-    if (formatInfo(format).bytesPerPixel == 0) {
-        throw Failure(std::string(formatInfo(format).name) + " has no planes, so no file holds it");
-    }
-    if (formatInfo(format).pixelPairs && size.width % 2 != 0) {
-        throw Failure(what + ": the width is odd, and 4:2:2 formats hold whole pixel pairs");
-    }
+    requireSize(format, size);
     std::optional<Image> image = Image::create(format, size.width, size.height);
     if (!image) {
-        throw Failure(what + ": is too large");
+        throw Failure(frameText(format, size) + ": is too large");
     }
     return std::move(*image);
 }
@@ -205,6 +213,7 @@ std::unique_ptr<FrameReader> openFrames(const std::string& name, Format format,
         if (!size) {
             throw Failure(name + ": a raw file needs --size");
         }
+        requireSize(format, *size);
         return std::make_unique<RawReader>(name, format, *size);
     }
     requirePictureFormat(name, format);

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <exception>
 #include <map>
+#include <vector>
 
 namespace {
 
@@ -60,30 +61,44 @@ template <class Size> CLI::Option* addSize(CLI::App* command, Size& size, const 
         ->type_name("WxH");
 }
 
+template <class Value> using Choices = std::map<std::string, Value>;
+
+// One of several words, which goes to every target.
 template <class Value>
-CLI::Option* addChoice(CLI::App* command, const std::string& name, Value& value,
-                       const std::map<std::string, Value>& choices, const std::string& what) {
-    std::string names;
-    for (const auto& [choice, meaning] : choices) {
-        names += (names.empty() ? "" : "|") + choice;
+CLI::Option* addChoice(CLI::App* command, const std::string& name, const Choices<Value>& choices,
+                       std::vector<Value*> targets, const std::string& what) {
+    std::string words;
+    for (const auto& [word, value] : choices) {
+        words += (words.empty() ? "" : "|") + word;
     }
     return command
         ->add_option_function<std::string>(
             name,
-            [&value, choices, names, name](const std::string& text) {
+            [=](const std::string& text) {
                 const auto found = choices.find(text);
                 if (found == choices.end()) {
-                    throw CLI::ValidationError(name + " is one of " + names + ", not '" + text +
+                    throw CLI::ValidationError(name + " is one of " + words + ", not '" + text +
                                                "'");
                 }
-                value = found->second;
+                for (Value* target : targets) {
+                    *target = found->second;
+                }
             },
             what)
-        ->type_name(names);
+        ->type_name(words);
 }
 
-const std::map<std::string, Matrix> matrices = {{"bt601", Matrix::bt601}, {"bt709", Matrix::bt709}};
-const std::map<std::string, Range> ranges = {{"studio", Range::studio}, {"full", Range::full}};
+// A whole number within bounds; the help shows only the name.
+template <class Number>
+CLI::Option* addNumber(CLI::App* command, const std::string& name, Number& value, Number least,
+                       Number greatest, const std::string& what, const std::string& shown) {
+    return command->add_option(name, value, what)
+        ->check(CLI::Range(least, greatest).description(""))
+        ->type_name(shown);
+}
+
+const Choices<Matrix> matrices = {{"bt601", Matrix::bt601}, {"bt709", Matrix::bt709}};
+const Choices<Range> ranges = {{"studio", Range::studio}, {"full", Range::full}};
 
 const char* const fileHelp =
     "A raw file holds frames without gaps; '-' is standard input or output. Files that end in\n"
@@ -97,33 +112,19 @@ void addConvert(CLI::App& app, ConvertArguments& arguments) {
     addFormat(command, "--to", arguments.to, "Format of OUT")->required();
     addSize(command, arguments.size, "Size of a frame; pictures bring their own");
     Options& options = arguments.options;
-    addChoice(command, "--src-matrix", options.srcMatrix, matrices, "Matrix of a YCbCr IN (bt709)");
-    addChoice(command, "--dst-matrix", options.dstMatrix, matrices,
-              "Matrix of a YCbCr OUT (bt709)");
-    command
-        ->add_option_function<std::string>(
-            "--matrix",
-            [&options](const std::string& text) {
-                const auto found = matrices.find(text);
-                if (found == matrices.end()) {
-                    throw CLI::ValidationError("--matrix is one of bt601|bt709, not '" + text +
-                                               "'");
-                }
-                options.srcMatrix = options.dstMatrix = found->second;
-            },
-            "Matrix of both")
-        ->type_name("bt601|bt709")
+    Matrix* const source = &options.srcMatrix;
+    Matrix* const destination = &options.dstMatrix;
+    addChoice(command, "--src-matrix", matrices, {source}, "Matrix of a YCbCr IN (bt709)");
+    addChoice(command, "--dst-matrix", matrices, {destination}, "Matrix of a YCbCr OUT (bt709)");
+    addChoice(command, "--matrix", matrices, {source, destination}, "Matrix of both")
         ->excludes("--src-matrix")
         ->excludes("--dst-matrix");
-    addChoice(command, "--range", options.range, ranges, "Luma range of YCbCr (studio)");
+    addChoice(command, "--range", ranges, {&options.range}, "Luma range of YCbCr (studio)");
     command->add_flag("--clamp", options.clampStudio, "Clamp luma to 16..235");
-    command->add_option("--alpha", options.alpha, "Alpha where IN has none (255)")
-        ->check(CLI::Range(0, 255))
-        ->type_name("0..255");
+    addNumber(command, "--alpha", options.alpha, 0, 255, "Alpha where IN has none (255)", "0..255");
     command->add_flag("--streaming", options.streaming, "Write frames past the cache");
-    command->add_option("--threads", arguments.threads, "Frames converted at once (1)")
-        ->check(CLI::Range(1u, 256u))
-        ->type_name("N");
+    addNumber(command, "--threads", arguments.threads, 1u, 256u, "Frames converted at once (1)",
+              "N");
     command->add_flag("--stats", arguments.stats, "Tell the speed when done");
     command->add_option("IN", arguments.input, "File to convert")->required();
     command->add_option("OUT", arguments.output, "File to write")->required();
@@ -135,11 +136,10 @@ void addPattern(CLI::App& app, PatternArguments& arguments) {
     command->footer(fileHelp);
     addFormat(command, "--format", arguments.format, "Format of OUT")->required();
     addSize(command, arguments.size, "Size of a frame")->required();
-    command->add_option("--frames", arguments.frames, "Number of frames (1)")
-        ->check(CLI::Range(1u, 1000000u))
-        ->type_name("N");
-    addChoice(command, "--matrix", arguments.matrix, matrices, "Matrix of a YCbCr OUT (bt709)");
-    addChoice(command, "--range", arguments.range, ranges, "Luma range of a YCbCr OUT (studio)");
+    addNumber(command, "--frames", arguments.frames, std::uint32_t{1}, std::uint32_t{1000000},
+              "Number of frames (1)", "N");
+    addChoice(command, "--matrix", matrices, {&arguments.matrix}, "Matrix of a YCbCr OUT (bt709)");
+    addChoice(command, "--range", ranges, {&arguments.range}, "Luma range of a YCbCr OUT (studio)");
     command->add_option("OUT", arguments.output, "File to write")->required();
     command->callback([&arguments] { runPattern(arguments); });
 }
