@@ -6,23 +6,30 @@ namespace orva {
 namespace sse2 {
 extern const Kernels kernels;
 }
-
-const Kernels* kernelsFor(InstructionSet set) {
-    switch (set) {
-    case InstructionSet::sse2:
-        return &sse2::kernels;
-    }
-    return nullptr;
+namespace avx2 {
+extern const Kernels kernels;
+}
+namespace avx512 {
+extern const Kernels kernels;
 }
 
-const char* nameOf(InstructionSet set) {
-    switch (set) {
-    case InstructionSet::sse2:
-        return "SSE2";
-    }
-    return "";
-}
+constinit const KernelTable kernelTables[kernelTableCount] = {
+    {"SSE2", &sse2::kernels, [] { return true; }},
+    {"AVX2", &avx2::kernels, [] { return __builtin_cpu_supports("avx2") != 0; }},
+    {"AVX-512", &avx512::kernels,
+     [] {
+         return __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl") &&
+                __builtin_cpu_supports("avx512vnni");
+     }},
+};
 
 constinit const Kernels* activeKernels = &sse2::kernels;
+
+[[gnu::constructor]] static void chooseKernels() {
+    __builtin_cpu_init();
+    for (const KernelTable& table : kernelTables)
+        if (table.isSupported())
+            activeKernels = table.kernels;
+}
 
 }  // namespace orva

@@ -7,23 +7,30 @@ namespace orva {
 
 struct AlphaKernels;
 struct RgbKernels;
+struct RgbToYuvKernels;
 struct YuvToRgbKernels;
+struct YuvToYuvKernels;
 
 struct Kernels {
     const AlphaKernels& alpha;
     const RgbKernels& rgb;
+    const RgbToYuvKernels& rgbToYuv;
     const YuvToRgbKernels& yuvToRgb;
+    const YuvToYuvKernels& yuvToYuv;
 };
 
-enum class InstructionSet { sse2 };
-inline constexpr InstructionSet instructionSets[] = {InstructionSet::sse2};
-const char* nameOf(InstructionSet set);
+struct KernelTable {
+    const char* instructionSet;
+    const Kernels* kernels;
+    bool (*isSupported)();  // by this processor and its system
+};
 
-// Null where this processor or its system does not support the instruction set.
-const Kernels* kernelsFor(InstructionSet set);
+// From the oldest instruction set to the newest.
+inline constexpr unsigned kernelTableCount = 3;
+extern const KernelTable kernelTables[kernelTableCount];
 
-// Chosen once when the library is loaded, the best that the processor supports; only tests change
-// it.
+// Those of the newest instruction set that is supported, chosen once when the library is loaded.
+// Only tests and benchmarks change it.
 extern const Kernels* activeKernels;
 
 }  // namespace orva

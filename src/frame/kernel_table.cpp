@@ -5,9 +5,12 @@ namespace orva::ORVA_ISA {
 
 extern const AlphaKernels alphaKernels;
 extern const RgbKernels rgbKernels;
+extern const RgbToYuvKernels rgbToYuvKernels;
 extern const YuvToRgbKernels yuvToRgbKernels;
+extern const YuvToYuvKernels yuvToYuvKernels;
 
 extern const Kernels kernels;
-constinit const Kernels kernels{alphaKernels, rgbKernels, yuvToRgbKernels};
+constinit const Kernels kernels{alphaKernels, rgbKernels, rgbToYuvKernels, yuvToRgbKernels,
+                                yuvToYuvKernels};
 
 }  // namespace orva::ORVA_ISA

@@ -27,6 +27,13 @@ struct Unchanged {
     template <class V> ORVA_INLINE static V apply(V bytes) { return bytes; }
 };
 
+struct BytesOfWordsSwapped {
+    template <class V> ORVA_INLINE static V apply(V bytes) { return swapBytesOfWords(bytes); }
+};
+struct MiddleBytesSwapped {
+    template <class V> ORVA_INLINE static V apply(V bytes) { return swapMiddleBytes(bytes); }
+};
+
 template <class Format, class Order, class Loads> struct MoveJob {
     static constexpr uint32_t unitPixels = Format::unitPixels;
     static constexpr uint32_t blockPixels = Format::blockPixels;
@@ -38,7 +45,9 @@ template <class Format, class Order, class Loads> struct MoveJob {
 
     ORVA_INLINE explicit MoveJob(const Descriptor& d)
         : src(static_cast<const uint8_t*>(d.srcData)), dst(static_cast<uint8_t*>(d.dstData)),
-          srcGap(d.srcRowGap), dstGap(d.dstRowGap) {}
+          srcGap(d.srcRowGap), dstGap(d.dstRowGap) {
+        __builtin_prefetch(src);
+    }
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<Format::unitBytes>(dst); }
     ORVA_INLINE bool streamable() const { return isAligned16(dst); }
@@ -69,6 +78,13 @@ template <class Format, class Order, class Loads> struct MoveJob {
     ORVA_INLINE void endRow() {
         src += srcGap;
         dst += dstGap;
+    }
+};
+
+// A conversion that moves bytes, with the same kind of loads in all its forms.
+template <class Format, class Order, class Loads> struct Move {
+    template <bool fast, class Stores> static void run(const Descriptor& d) {
+        walkRows<fast, Stores>(MoveJob<Format, Order, Loads>(d), d.srcHeight, d.dstWidth);
     }
 };
 

@@ -30,6 +30,15 @@ struct Uyvy {
     template <int scale, class V> ORVA_INLINE static V chroma(V words) {
         return lowBytes<scale>(words);
     }
+    template <class V> ORVA_INLINE static V join(V luma, V chroma) {
+        return chroma | shiftLeft16<8>(luma);
+    }
+    template <class V> ORVA_INLINE static V interleaveLow(V luma, V chroma) {
+        return unpackLow8(chroma, luma);
+    }
+    template <class V> ORVA_INLINE static V interleaveHigh(V luma, V chroma) {
+        return unpackHigh8(chroma, luma);
+    }
 };
 
 struct Yuyv {
@@ -38,6 +47,28 @@ struct Yuyv {
     }
     template <int scale, class V> ORVA_INLINE static V chroma(V words) {
         return highBytes<scale>(words);
+    }
+    template <class V> ORVA_INLINE static V join(V luma, V chroma) {
+        return luma | shiftLeft16<8>(chroma);
+    }
+    template <class V> ORVA_INLINE static V interleaveLow(V luma, V chroma) {
+        return unpackLow8(luma, chroma);
+    }
+    template <class V> ORVA_INLINE static V interleaveHigh(V luma, V chroma) {
+        return unpackHigh8(luma, chroma);
+    }
+};
+
+// The words are (Cb, Cr) and (Y, Y); with the two middle bytes exchanged they are those of UYVY16I.
+struct Uvyy {
+    template <int scale, class V> ORVA_INLINE static V luma(V words) {
+        return Uyvy::luma<scale>(swapMiddleBytes(words));
+    }
+    template <int scale, class V> ORVA_INLINE static V chroma(V words) {
+        return Uyvy::chroma<scale>(swapMiddleBytes(words));
+    }
+    template <class V> ORVA_INLINE static V join(V luma, V chroma) {
+        return swapMiddleBytes(Uyvy::join(luma, chroma));
     }
 };
 

@@ -2,6 +2,7 @@
 // in memory order, and single pixels as B, G, R and the fourth byte from the low byte up.
 #pragma once
 
+#include "frame/line_pairs.hpp"
 #include "rgb/pixels.hpp"
 #include "simd/bgr24.hpp"
 
@@ -47,6 +48,36 @@ private:
 
     const uint8_t* src;
     ptrdiff_t gap;
+};
+
+// Every factor-th pixel of BGR32I lines.
+template <uint32_t factor> class ReducingBgr32Reader {
+public:
+    ORVA_INLINE explicit ReducingBgr32Reader(const Descriptor& d)
+        : lines(lineAddresses(d)), src(lines.line()) {}
+
+    template <class V> ORVA_INLINE Pixels8<V> take8() {
+        const Pixels8<V> pixels{everyDword<V, factor>(src),
+                                everyDword<V, factor>(src + factor * V::bytes)};
+        src += 2 * factor * V::bytes;
+        return pixels;
+    }
+
+    ORVA_INLINE Vec128 takePair() {
+        const Vec128 pixels =
+            Vec128::fromDwords(Vec128::load4(src).low32(), Vec128::load4(src + 4 * factor).low32());
+        src += 8 * factor;
+        return pixels;
+    }
+
+    ORVA_INLINE void endRow() {
+        lines.endRow();
+        src = lines.line();
+    }
+
+private:
+    LinePairs<Moves::otherLine> lines;
+    const uint8_t* src;
 };
 
 // The fourth bytes are unspecified.

@@ -15,6 +15,10 @@ struct Vec128 {
     ORVA_INLINE static Vec128 all32(uint32_t value) { return {_mm_set1_epi32(int(value))}; }
     ORVA_INLINE static Vec128 repeat(__m128i lane) { return {lane}; }
 
+    ORVA_INLINE static Vec128 alternating32(uint32_t even, uint32_t odd) {
+        return {_mm_setr_epi32(int(even), int(odd), int(even), int(odd))};
+    }
+
     ORVA_INLINE static Vec128 load(const uint8_t* p) {
         return {_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))};
     }
@@ -44,11 +48,16 @@ struct Vec128 {
     ORVA_INLINE static Vec128 load8(const uint8_t* p) {
         return {_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))};
     }
-    ORVA_INLINE static Vec128 fromWords(uint16_t word0, uint16_t word4) {
-        return {_mm_insert_epi16(_mm_cvtsi32_si128(word0), word4, 4)};
+    ORVA_INLINE static Vec128 loadHalves2(const uint8_t* low, const uint8_t* high) {
+        const __m128i lowWord = _mm_cvtsi32_si128(low[0] | low[1] << 8);
+        return {_mm_insert_epi16(lowWord, high[0] | high[1] << 8, 4)};
     }
     ORVA_INLINE static Vec128 fromDwords(uint32_t first, uint32_t second) {
         return {_mm_unpacklo_epi32(_mm_cvtsi32_si128(int(first)), _mm_cvtsi32_si128(int(second)))};
+    }
+    ORVA_INLINE void store2(uint8_t* p) const {
+        p[0] = uint8_t(low32());
+        p[1] = uint8_t(low32() >> 8);
     }
     ORVA_INLINE void store4(uint8_t* p) const { _mm_storeu_si32(p, v); }
     ORVA_INLINE void store8(uint8_t* p) const {

@@ -15,6 +15,10 @@ struct Vec256 {
     ORVA_INLINE static Vec256 all32(uint32_t value) { return {_mm256_set1_epi32(int(value))}; }
     ORVA_INLINE static Vec256 repeat(__m128i lane) { return {_mm256_broadcastsi128_si256(lane)}; }
 
+    ORVA_INLINE static Vec256 alternating32(uint32_t even, uint32_t odd) {
+        return repeat(Vec128::alternating32(even, odd).v);
+    }
+
     ORVA_INLINE static Vec256 load(const uint8_t* p) {
         return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))};
     }

@@ -15,6 +15,10 @@ struct Vec512 {
     ORVA_INLINE static Vec512 all32(uint32_t value) { return {_mm512_set1_epi32(int(value))}; }
     ORVA_INLINE static Vec512 repeat(__m128i lane) { return {_mm512_broadcast_i32x4(lane)}; }
 
+    ORVA_INLINE static Vec512 alternating32(uint32_t even, uint32_t odd) {
+        return repeat(Vec128::alternating32(even, odd).v);
+    }
+
     ORVA_INLINE static Vec512 load(const uint8_t* p) { return {_mm512_loadu_si512(p)}; }
     ORVA_INLINE static Vec512 loadAligned(const uint8_t* p) { return load(p); }
     ORVA_INLINE static Vec512 loadHalves(const uint8_t* low, const uint8_t* high) {

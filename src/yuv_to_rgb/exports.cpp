@@ -4,11 +4,17 @@
 
 using namespace orva;
 
-ORVA_EX(UYVY16I_BGR32I) { convert(activeKernels->yuvToRgb.uyvyToBgr32, aligned::bgr32ToYuv, d); }
-ORVA_EX(YUYV16I_BGR32I) { convert(activeKernels->yuvToRgb.yuyvToBgr32, aligned::packedToBgr32, d); }
-ORVA_EX(UYVY16IA8P_BGR32I) {
-    convert(activeKernels->yuvToRgb.uyvyA8pToBgr32, aligned::packedToBgr32, d);
-}
-ORVA_EX(YUYV16IA8P_BGR32I) {
-    convert(activeKernels->yuvToRgb.yuyvA8pToBgr32, aligned::packedToBgr32, d);
-}
+static const YuvToRgbKernels& kernels() { return activeKernels->yuvToRgb; }
+
+ORVA_EX(UYVY16I_BGR32I) { convert(kernels().uyvyToBgr32, aligned::bgr32ToYuv, d); }
+ORVA_EX(YUYV16I_BGR32I) { convert(kernels().yuyvToBgr32, aligned::packedToBgr32, d); }
+ORVA_EX(Y8PUV8I_BGR32I) { convert(kernels().semiPlanarToBgr32, aligned::bgr32ToYuv, d); }
+
+ORVA_EX(UYVY16IA8P_BGR32I) { convert(kernels().uyvyA8pToBgr32, aligned::packedToBgr32, d); }
+ORVA_EX(YUYV16IA8P_BGR32I) { convert(kernels().yuyvA8pToBgr32, aligned::packedToBgr32, d); }
+ORVA_EX(Y8PUV8IA8P_BGR32I) { convert(kernels().semiPlanarA8pToBgr32, aligned::destination, d); }
+
+ORVA_EX(UYVY16I_BGR24I) { convert(kernels().uyvyToBgr24, aligned::bgr24Destination, d); }
+ORVA_EX(YUYV16I_BGR24I) { convert(kernels().yuyvToBgr24, aligned::bgr24Destination, d); }
+ORVA_EX(UVYY16I_BGR24I) { convert(kernels().uvyyToBgr24, aligned::bgr24Destination, d); }
+ORVA_EX(Y8PUV8I_BGR24I) { convert(kernels().semiPlanarToBgr24, aligned::bgr24Destination, d); }

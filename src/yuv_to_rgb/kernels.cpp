@@ -50,27 +50,58 @@ private:
 };
 
 template <class Reader, class Fourth, class Writer> struct Conversion {
+    template <bool clamped>
+    using Walked = Job<Reader, Fourth, YuvToRgb<clamped, EvenLuma::wraps>, Writer>;
+
     template <bool fast, class Stores> static void run(const Descriptor& d) {
         if (d.clampStudio)
-            walkRows<fast, Stores>(Job<Reader, Fourth, YuvToRgb<true>, Writer>(d), d.srcHeight,
-                                   d.dstWidth);
+            walkRows<fast, Stores>(Walked<true>(d), d.srcHeight, d.dstWidth);
         else
-            walkRows<fast, Stores>(Job<Reader, Fourth, YuvToRgb<false>, Writer>(d), d.srcHeight,
-                                   d.dstWidth);
+            walkRows<fast, Stores>(Walked<false>(d), d.srcHeight, d.dstWidth);
+    }
+};
+
+// A mode that reduces by taking every factor-th pixel pair. It is always the general kernel, which
+// takes rows singly only below 8 pixels here.
+template <uint32_t factor> struct Reduction {
+    template <bool clamped>
+    using Walked = Job<ReducingReader<factor>, PairwiseConstantFourth,
+                       YuvToRgb<clamped, EvenLuma::isSigned>, Bgr32Writer>;
+
+    template <bool, class Stores> static void run(const Descriptor& d) {
+        const uint32_t rows = lineAddresses(d).rowCount;
+        if (d.clampStudio)
+            walkAnyWidth<Stores>(Walked<true>(d), rows, d.dstWidth, 8);
+        else
+            walkAnyWidth<Stores>(Walked<false>(d), rows, d.dstWidth, 8);
     }
 };
 
 template <class Reader, class Fourth>
 constexpr KernelSet toBgr32 = kernelSet<Conversion<Reader, Fourth, Bgr32Writer>>;
 
+template <class Reader>
+constexpr KernelSet toBgr24 = kernelSet<Conversion<Reader, NoFourth, Bgr24Writer>>;
+
+// The semi-planar export's reducing modes have always read a single packed plane, as UYVY16I's do.
+template <class Reader>
+constexpr ModeTable toBgr32WithModes{
+    {toBgr32<Reader, ConstantFourth>, kernelSet<Reduction<1>>, kernelSet<Reduction<2>>}};
+
 }  // namespace
 
 extern const YuvToRgbKernels yuvToRgbKernels;
 constinit const YuvToRgbKernels yuvToRgbKernels{
-    .uyvyToBgr32 = {{toBgr32<PackedReader<Uyvy>, ConstantFourth>}},
+    .uyvyToBgr32 = toBgr32WithModes<PackedReader<Uyvy>>,
+    .semiPlanarToBgr32 = toBgr32WithModes<SemiPlanarReader>,
     .yuyvToBgr32 = toBgr32<PackedReader<Yuyv>, ConstantFourth>,
     .uyvyA8pToBgr32 = toBgr32<PackedReader<Uyvy>, PlaneFourth>,
     .yuyvA8pToBgr32 = toBgr32<PackedReader<Yuyv>, PlaneFourth>,
+    .semiPlanarA8pToBgr32 = toBgr32<SemiPlanarReader, PlaneFourth>,
+    .uyvyToBgr24 = toBgr24<PackedReader<Uyvy>>,
+    .yuyvToBgr24 = toBgr24<PackedReader<Yuyv>>,
+    .uvyyToBgr24 = toBgr24<PackedReader<Uvyy>>,
+    .semiPlanarToBgr24 = toBgr24<SemiPlanarReader>,
 };
 
 }  // namespace orva::ORVA_ISA

@@ -21,8 +21,13 @@ template <class V> struct Yuv {
 // As many BGR32I pixels, in memory order.
 template <class V> struct BgrPixels { V first, second; };
 
+// Where studio luma lies below its offset and is not clamped, the difference is negative. Full-size
+// conversions have always taken its low 8 bits as unsigned in even pixels, so that these are near
+// white where odd pixels are black; the reducing modes take the signed value in both.
+enum class EvenLuma { wraps, isSigned };
+
 // clamped: luma is bounded to 16..235 first.
-template <bool clamped> class YuvToRgb {
+template <bool clamped, EvenLuma evenLuma> class YuvToRgb {
 public:
     ORVA_INLINE explicit YuvToRgb(const YuvToRgbCoefSetup& setup)
         : offset(Wide::all16(4 * setup.lumaOffset)), evenGain(wordPairs(setup.lumaGain, 0)),
@@ -35,9 +40,8 @@ public:
     // fourth: the pixels' fourth bytes, a word each, saturated to bytes here.
     template <class V> ORVA_INLINE Pixels8<V> operator()(const Yuv<V>& in, V fourth) const {
         const V odd = sub16(bounded(in.luma), constant<V>(offset));
-        // Without a clamp, luma below the offset is negative. Even pixels have always taken its low
-        // 8 bits as unsigned, odd ones the signed value.
-        const V even = clamped ? odd : odd & V::all32(0x3FC);
+        const bool wraps = !clamped && evenLuma == EvenLuma::wraps;
+        const V even = wraps ? odd & V::all32(4 * 0xFF) : odd;
 
         const V blue = channel(in, even, odd, blueStart, blueGain);
         const V green = channel(in, even, odd, greenStart, greenGain);

@@ -1,6 +1,7 @@
 // Where the samples and the fourth bytes of YCbCr to RGB conversions come from.
 #pragma once
 
+#include "frame/line_pairs.hpp"
 #include "frame/packed_layouts.hpp"
 #include "yuv_to_rgb/math.hpp"
 
@@ -37,6 +38,84 @@ private:
     ptrdiff_t gap;
 };
 
+// A plane of luma and, right behind its rows, one of chroma pairs that moves by the same gap.
+class SemiPlanarReader {
+public:
+    ORVA_INLINE explicit SemiPlanarReader(const Descriptor& d)
+        : luma(static_cast<const uint8_t*>(d.srcData)),
+          chroma(luma + ptrdiff_t(d.srcPitch) * ptrdiff_t(d.srcHeight)), gap(d.srcRowGap) {
+        __builtin_prefetch(luma);
+        __builtin_prefetch(chroma);
+    }
+
+    template <class V> ORVA_INLINE Yuv<V> take() {
+        const V bytes = spreadQuarters(V::loadHalves(luma, chroma));
+        luma += V::bytes / 2;
+        chroma += V::bytes / 2;
+        return split(bytes);
+    }
+
+    ORVA_INLINE Yuv<Vec128> takePair() {
+        const Vec128 bytes = Vec128::loadHalves2(luma, chroma);
+        luma += 2;
+        chroma += 2;
+        return split(bytes);
+    }
+
+    ORVA_INLINE void endRow() {
+        luma += gap;
+        chroma += gap;
+    }
+
+private:
+    template <class V> ORVA_INLINE static Yuv<V> split(V lumaThenChroma) {
+        return {shiftRight16<8 - 2>(unpackLow8(V::zero(), lumaThenChroma)),
+                shiftRight16<8 - 3>(unpackHigh8(V::zero(), lumaThenChroma))};
+    }
+
+    const uint8_t* luma;
+    const uint8_t* chroma;
+    ptrdiff_t gap;
+};
+
+// UYVY16I at a fraction of its size: luma is the first of every factor-th pixel pair, chroma that
+// of the even ones among those pairs.
+template <uint32_t factor> class ReducingReader {
+public:
+    ORVA_INLINE explicit ReducingReader(const Descriptor& d)
+        : lines(lineAddresses(d)), src(lines.line()) {}
+
+    template <class V> ORVA_INLINE Yuv<V> take() {
+        const V first = everyDword<V, factor>(src);
+        const V second = everyDword<V, factor>(src + factor * V::bytes);
+        src += 2 * factor * V::bytes;
+        return sampled(first, second);
+    }
+
+    ORVA_INLINE Yuv<Vec128> takePair() {
+        const Vec128 pairs =
+            Vec128::fromDwords(Vec128::load4(src).low32(), Vec128::load4(src + 4 * factor).low32());
+        src += 8 * factor;
+        return sampled(pairs, pairs);
+    }
+
+    ORVA_INLINE void endRow() {
+        lines.endRow();
+        src = lines.line();
+    }
+
+private:
+    template <class V> ORVA_INLINE static Yuv<V> sampled(V first, V second) {
+        const V oddLumaDropped = V::all32(0xFFFF);
+        return {packWords(Uyvy::luma<2>(first) & oddLumaDropped,
+                          Uyvy::luma<2>(second) & oddLumaDropped),
+                Uyvy::chroma<3>(evenDwords(first, second))};
+    }
+
+    LinePairs<Moves::usedLine> lines;
+    const uint8_t* src;
+};
+
 // No fourth byte at all, for BGR24I.
 class NoFourth {
 public:
@@ -46,13 +125,17 @@ public:
     ORVA_INLINE void endRow() {}
 };
 
-// The descriptor's constant. Single pairs have always had it one byte too high in the odd pixel's
-// word and not at all in the even one's, so that saturation makes it 0 or 255.
+// Single pairs have always had the constant one byte too high in the odd pixel's word and not at
+// all in the even one's, so that saturation makes it 0 or 255.
+ORVA_INLINE Wide pairwiseConstant(const Descriptor& d) {
+    return Wide::all32(uint32_t(d.alphaValue) << 24);
+}
+
+// The descriptor's constant.
 class ConstantFourth {
 public:
     ORVA_INLINE explicit ConstantFourth(const Descriptor& d)
-        : block(Wide::all16(int16_t(d.alphaValue))),
-          pair(Vec128::all32(uint32_t(d.alphaValue) << 24)) {}
+        : block(Wide::all16(int16_t(d.alphaValue))), pair(pairwiseConstant(d).firstLane()) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(block); }
     ORVA_INLINE Vec128 takePair() { return pair; }
@@ -61,6 +144,19 @@ public:
 private:
     Wide block;
     Vec128 pair;
+};
+
+// The constant as single pairs have it, in blocks as well: the reducing modes.
+class PairwiseConstantFourth {
+public:
+    ORVA_INLINE explicit PairwiseConstantFourth(const Descriptor& d) : pairs(pairwiseConstant(d)) {}
+
+    template <class V> ORVA_INLINE V take() { return constant<V>(pairs); }
+    ORVA_INLINE Vec128 takePair() { return pairs.firstLane(); }
+    ORVA_INLINE void endRow() {}
+
+private:
+    Wide pairs;
 };
 
 // The source's alpha plane. Blocks move the running pointer, single pairs do not: they read at

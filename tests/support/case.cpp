@@ -45,7 +45,8 @@ private:
 };
 
 uint32_t rowBytes(const Export& conversion, const Format& format, uint32_t width) {
-    const bool pairs = conversion.source.isYuv() || conversion.destination.isYuv();
+    const bool pairs = (conversion.source.isYuv() || conversion.destination.isYuv()) &&
+                       conversion.destination.main != "A8P";
     return format.bytesPerPixel() * (pairs ? width & ~1u : width);
 }
 
@@ -147,13 +148,17 @@ void keepContract(const Export& conversion, const Descriptor& options, Shape& sh
     if (destination.isSemiPlanar())
         shape.dstPitch.reset();
 
-    // Where the fast kernel may be chosen, every row has to be fit for it on both sides.
-    if (shape.dstOffset % 16 == 0 && shape.width % 8 == 0) {
-        for (uint32_t* offset : {&shape.srcOffset, &shape.srcAlphaOffset, &shape.dstAlphaOffset})
-            alignTo(16, *offset);
+    // Where a fast kernel may be chosen, every row has to be fit for it on both sides.
+    const bool fastColour = shape.dstOffset % 16 == 0 && shape.width % 8 == 0;
+    if (fastColour) {
+        alignTo(16, shape.srcOffset);
         alignStep(16, srcRow, shape.srcGap);
-        alignStep(16, shape.width, shape.srcAlphaGap);
         alignStep(16, dstRow, shape.dstGap);
+    }
+    if (fastColour || (shape.dstAlphaOffset % 16 == 0 && shape.width % 32 == 0)) {
+        alignTo(16, shape.srcAlphaOffset);
+        alignTo(16, shape.dstAlphaOffset);
+        alignStep(16, shape.width, shape.srcAlphaGap);
         alignStep(16, shape.width, shape.dstAlphaGap);
     }
     // Kernels with aligned loads behind a lead-in.

@@ -11,13 +11,14 @@ namespace test {
 
 template <class Body> void withEveryTable(Body body) {
     const orva::Kernels* const chosen = orva::activeKernels;
-    for (const orva::InstructionSet set : orva::instructionSets) {
-        const orva::Kernels* const kernels = orva::kernelsFor(set);
-        printf("[  tables  ] %s%s\n", orva::nameOf(set), kernels ? "" : ": not on this processor");
-        if (!kernels)
+    for (const orva::KernelTable& table : orva::kernelTables) {
+        const bool supported = table.isSupported();
+        printf("[  tables  ] %s%s\n", table.instructionSet,
+               supported ? "" : ": not supported here");
+        if (!supported)
             continue;
-        SCOPED_TRACE(orva::nameOf(set));
-        orva::activeKernels = kernels;
+        SCOPED_TRACE(table.instructionSet);
+        orva::activeKernels = table.kernels;
         body();
     }
     orva::activeKernels = chosen;

@@ -1,0 +1,65 @@
+// How the reducing kernel modes walk their source: along two running line pointers in turn, taking
+// every second or fourth pixel of a line.
+#pragma once
+
+#include "frame/kernel.hpp"
+#include "simd/vector.hpp"
+
+namespace orva::ORVA_ISA {
+
+// Pitches in the direction of the image are added for the second line of a pair and from pair to
+// pair, on top of the row gap. Kernel mode 1 pairs lines 2 apart, mode 2 lines 4 apart; a source
+// whose pairs are adjacent has the second line next to the first but the same advance. Without line
+// addressing both pointers start at the first line, and the row gap alone moves them.
+struct LineAddresses {
+    const uint8_t* lineA;
+    const uint8_t* lineB;
+    ptrdiff_t pairAdvance;
+    uint32_t rowCount;
+};
+
+inline LineAddresses lineAddresses(const Descriptor& d) {
+    const uint8_t* const src = static_cast<const uint8_t*>(d.srcData);
+    if (d.lineMode != 1 && d.lineMode != 2)
+        return {src, src, d.srcRowGap, d.srcHeight};
+    const ptrdiff_t step = d.kernelMode == 1 ? 2 : 4;
+    const ptrdiff_t downwards = d.srcRowGap < 0 ? -ptrdiff_t(d.srcPitch) : ptrdiff_t(d.srcPitch);
+    return {src, src + (d.srcLinePairAdjacent ? 1 : step) * downwards,
+            d.srcRowGap + 2 * step * downwards, d.dstHeight};
+}
+
+// Which of the two pointers moves on after a row: YCbCr sources have always moved the one just
+// used, BGR sources the other.
+enum class Moves { usedLine, otherLine };
+
+template <Moves moves> class LinePairs {
+public:
+    ORVA_INLINE explicit LinePairs(const LineAddresses& lines)
+        : used(lines.lineA), other(lines.lineB), pairAdvance(lines.pairAdvance) {
+        __builtin_prefetch(used);
+    }
+
+    ORVA_INLINE const uint8_t* line() const { return used; }
+
+    ORVA_INLINE void endRow() {
+        const uint8_t* const next = moves == Moves::otherLine ? other + pairAdvance : other;
+        other = moves == Moves::usedLine ? used + pairAdvance : used;
+        used = next;
+    }
+
+private:
+    const uint8_t* used;
+    const uint8_t* other;
+    ptrdiff_t pairAdvance;
+};
+
+// 4 * V::lanes dwords in memory order, each factor-th from p on.
+template <class V, uint32_t factor> ORVA_INLINE V everyDword(const uint8_t* p) {
+    if constexpr (factor == 1)
+        return V::load(p);
+    else
+        return groupHalves(evenDwords(everyDword<V, factor / 2>(p),
+                                      everyDword<V, factor / 2>(p + factor / 2 * V::bytes)));
+}
+
+}  // namespace orva::ORVA_ISA

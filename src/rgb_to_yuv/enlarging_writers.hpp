@@ -1,0 +1,104 @@
+// Where the samples of the enlarging mode go: every pixel twice, on two lines.
+//
+// A source pair (Y0, Y1, Cb, Cr) becomes the pairs (Y0, Y0, Cb, Cr) and (Y1, Y1, Cb, Cr), and the
+// line that follows is the same. The second line lies dstPitch below the first; behind a row the
+// pointers move by twice the row gap.
+#pragma once
+
+#include "frame/packed_layouts.hpp"
+#include "frame/row_walk.hpp"
+#include "rgb_to_yuv/math.hpp"
+
+namespace orva::ORVA_ISA {
+
+// The samples of each half of the pixels, twice.
+template <class V> struct EnlargedWords { YuvWords<V> first, second; };
+
+template <class V> ORVA_INLINE EnlargedWords<V> enlarged(const YuvWords<V>& samples) {
+    return {
+        {unpackLow16(samples.luma, samples.luma), unpackLow32(samples.chroma, samples.chroma)},
+        {unpackHigh16(samples.luma, samples.luma), unpackHigh32(samples.chroma, samples.chroma)}};
+}
+
+template <class Layout> class EnlargingPackedWriter {
+public:
+    ORVA_INLINE explicit EnlargingPackedWriter(const Descriptor& d)
+        : dst(static_cast<uint8_t*>(d.dstData)), pitch(d.dstPitch), gap(d.dstRowGap) {}
+
+    // As for 4 bytes per pair, although there are 8.
+    ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
+    ORVA_INLINE bool streamable() const { return isAligned16(dst) && isAligned16(dst + pitch); }
+
+    template <class Stores, class V> ORVA_INLINE void put(const YuvWords<V>& samples) {
+        const EnlargedWords<V> words = enlarged(samples);
+        const V first = Layout::join(words.first.luma, words.first.chroma);
+        const V second = Layout::join(words.second.luma, words.second.chroma);
+        uint8_t* const lines[] = {dst, dst + pitch};
+        for (uint8_t* line : lines) {
+            Stores::put(first, line);
+            Stores::put(second, line + V::bytes);
+        }
+        dst += 2 * V::bytes;
+    }
+
+    ORVA_INLINE void putPair(const YuvWords<Vec128>& samples) {
+        const YuvWords<Vec128> words = enlarged(samples).first;
+        uint8_t* const lines[] = {dst, dst + pitch};
+        for (uint8_t* line : lines)
+            Layout::join(words.luma, words.chroma).store8(line);
+        dst += 8;
+    }
+
+    ORVA_INLINE void endRow() { dst += 2 * gap; }
+
+private:
+    uint8_t* dst;
+    ptrdiff_t pitch, gap;
+};
+
+class EnlargingSemiPlanarWriter {
+public:
+    ORVA_INLINE explicit EnlargingSemiPlanarWriter(const Descriptor& d)
+        : luma(static_cast<uint8_t*>(d.dstData)),
+          chroma(luma + ptrdiff_t(d.dstPitch) * ptrdiff_t(d.dstHeight)), pitch(d.dstPitch),
+          gap(d.dstRowGap) {}
+
+    ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(luma); }
+    ORVA_INLINE bool streamable() const { return true; }
+
+    template <class Stores, class V> ORVA_INLINE void put(const YuvWords<V>& samples) {
+        const EnlargedWords<V> words = enlarged(samples);
+        const V lumaBytes = groupHalves(packBytes(words.first.luma, words.second.luma));
+        const V chromaBytes = groupHalves(packBytes(words.first.chroma, words.second.chroma));
+        const ptrdiff_t lines[] = {0, pitch};
+        for (const ptrdiff_t line : lines) {
+            lumaBytes.store(luma + line);
+            chromaBytes.store(chroma + line);
+        }
+        luma += V::bytes;
+        chroma += V::bytes;
+    }
+
+    ORVA_INLINE void putPair(const YuvWords<Vec128>& samples) {
+        const YuvWords<Vec128> words = enlarged(samples).first;
+        const ptrdiff_t lines[] = {0, pitch};
+        for (const ptrdiff_t line : lines) {
+            packBytes(words.luma, words.luma).store4(luma + line);
+            packBytes(words.chroma, words.chroma).store4(chroma + line);
+        }
+        luma += 4;
+        chroma += 4;
+    }
+
+    ORVA_INLINE void endRow() {
+        luma += 2 * gap;
+        chroma += 2 * gap;
+    }
+
+private:
+    uint8_t* luma;
+    uint8_t* chroma;
+    ptrdiff_t pitch, gap;
+};
+
+}  // namespace orva::ORVA_ISA

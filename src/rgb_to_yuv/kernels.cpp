@@ -1,0 +1,148 @@
+// The kernels from RGB to YCbCr: a reader of pixels, the transform, a writer of samples and a place
+// for the fourth bytes, in all the combinations that exist.
+#include "rgb_to_yuv/kernels.hpp"
+
+#include "rgb/readers.hpp"
+#include "rgb_to_yuv/enlarging_writers.hpp"
+#include "rgb_to_yuv/writers.hpp"
+
+namespace orva::ORVA_ISA {
+namespace {
+
+template <class Reader, class Math, class Writer, class Fourth> struct Job {
+    static constexpr uint32_t unitPixels = 2;
+    static constexpr uint32_t blockPixels = 8;
+
+    Reader reader;
+    Math math;
+    Writer writer;
+    Fourth fourth;
+
+    ORVA_INLINE explicit Job(const Descriptor& d)
+        : reader(d), math(rgbToYuvConstants(d)), writer(d), fourth(d) {}
+
+    ORVA_INLINE uint32_t head() const { return writer.head(); }
+    ORVA_INLINE bool streamable() const { return writer.streamable(); }
+
+    template <class V, class Stores> ORVA_INLINE void blocks() {
+        const Pixels8<V> pixels = reader.template take8<V>();
+        writer.template put<Stores>(math(pixels));
+        fourth.put(pixels);
+    }
+
+    template <class Stores> ORVA_INLINE void unit() {
+        const Vec128 pixels = reader.takePair();
+        writer.putPair(math(Pixels8<Vec128>{pixels, pixels}));
+        fourth.putPair(pixels);
+    }
+
+    ORVA_INLINE void endRow() {
+        reader.endRow();
+        writer.endRow();
+        fourth.endRow();
+    }
+};
+
+template <class Reader, class Writer, class Fourth> struct Conversion {
+    template <bool fast, class Stores> static void run(const Descriptor& d) {
+        if (d.clampStudio)
+            walkRows<fast, Stores>(Job<Reader, RgbToYuv<true>, Writer, Fourth>(d), d.srcHeight,
+                                   d.dstWidth);
+        else
+            walkRows<fast, Stores>(Job<Reader, RgbToYuv<false>, Writer, Fourth>(d), d.srcHeight,
+                                   d.dstWidth);
+    }
+};
+
+// The modes are always the general kernel.
+template <uint32_t factor, class Writer> struct Reduction {
+    template <bool clamped>
+    using Walked = Job<ReducingBgr32Reader<factor>, RgbToYuv<clamped>, Writer, FourthDropped>;
+
+    template <bool, class Stores> static void run(const Descriptor& d) {
+        const uint32_t rows = lineAddresses(d).rowCount;
+        if (d.clampStudio)
+            walkAnyWidth<Stores>(Walked<true>(d), rows, d.dstWidth);
+        else
+            walkAnyWidth<Stores>(Walked<false>(d), rows, d.dstWidth);
+    }
+};
+
+// Rows and width are the source's here.
+template <class Writer> struct Enlargement {
+    template <bool, class Stores> static void run(const Descriptor& d) {
+        Conversion<Bgr32Reader, Writer, FourthDropped>::template run<false, Stores>(d);
+    }
+};
+
+// What BGR24I to UVYY16I has always done with aligned streaming requests: 16 bytes for each 8
+// pixels as usual, but in them the luma of the first 4, unbounded, as words, and 4 words of the
+// luma offset.
+class ReducedJob {
+public:
+    static constexpr uint32_t blockPixels = 8;
+
+    ORVA_INLINE explicit ReducedJob(const Descriptor& d)
+        : reader(d), math(rgbToYuvConstants(d)),
+          offset(Wide::all32(rgbToYuvConstants(d).lumaOffset)),
+          dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+
+    template <class V, class Stores> ORVA_INLINE void blocks() {
+        const Pixels8<V> pixels = reader.take8<V>();
+        const V firstFours = evenLanes(pixels.a, pixels.b);
+        Stores::put(packWords(math.luma(firstFours), constant<V>(offset)), dst);
+        dst += V::bytes;
+    }
+
+    ORVA_INLINE void endRow() {
+        reader.endRow();
+        dst += gap;
+    }
+
+private:
+    Bgr24Reader reader;
+    RgbToYuv<false> math;
+    Wide offset;
+    uint8_t* dst;
+    ptrdiff_t gap;
+};
+
+void convertReduced(const Descriptor& d) {
+    walkRows<true, StreamingStores>(ReducedJob(d), d.srcHeight, d.dstWidth);
+}
+
+constexpr KernelSet withReducedStreaming(KernelSet kernels) {
+    kernels.fastStreaming = convertReduced;
+    return kernels;
+}
+
+template <class Writer, class Fourth = FourthDropped>
+constexpr KernelSet fromBgr32 = kernelSet<Conversion<Bgr32Reader, Writer, Fourth>>;
+
+template <class Writer, class EnlargingWriter>
+constexpr ModeTable fromBgr32WithModes{{fromBgr32<Writer>, kernelSet<Reduction<2, Writer>>,
+                                        kernelSet<Reduction<4, Writer>>,
+                                        kernelSet<Enlargement<EnlargingWriter>>}};
+
+template <class Writer>
+constexpr KernelSet fromBgr24 = kernelSet<Conversion<Bgr24Reader, Writer, FourthDropped>>;
+
+}  // namespace
+
+extern const RgbToYuvKernels rgbToYuvKernels;
+constinit const RgbToYuvKernels rgbToYuvKernels{
+    .bgr32ToUyvy = fromBgr32WithModes<PackedWriter<Uyvy>, EnlargingPackedWriter<Uyvy>>,
+    .bgr32ToUvyy = fromBgr32WithModes<PackedWriter<Uvyy>, EnlargingPackedWriter<Uvyy>>,
+    .bgr32ToSemiPlanar = fromBgr32WithModes<SemiPlanarWriter, EnlargingSemiPlanarWriter>,
+    .bgr32ToYuyv = fromBgr32<PackedWriter<Yuyv>>,
+    .bgr32ToYuyvA8p = fromBgr32<PackedWriter<Yuyv>, FourthToPlane>,
+    .bgr32ToUyvyA8p = fromBgr32<PackedWriter<Uyvy>, FourthToPlane>,
+    .bgr32ToUvyyA8p = fromBgr32<PackedWriter<Uvyy>, FourthToPlane>,
+    .bgr32ToSemiPlanarA8p = fromBgr32<SemiPlanarWriter, FourthToPlane>,
+    .bgr24ToYuyv = fromBgr24<PackedWriter<Yuyv>>,
+    .bgr24ToUyvy = fromBgr24<PackedWriter<Uyvy>>,
+    .bgr24ToUvyy = withReducedStreaming(fromBgr24<PackedWriter<Uvyy>>),
+    .bgr24ToSemiPlanar = fromBgr24<SemiPlanarWriter>,
+};
+
+}  // namespace orva::ORVA_ISA

@@ -1,0 +1,104 @@
+// Where the samples of RGB to YCbCr conversions go.
+#pragma once
+
+#include "alpha/planes.hpp"
+#include "frame/packed_layouts.hpp"
+#include "rgb_to_yuv/math.hpp"
+
+namespace orva::ORVA_ISA {
+
+// Packed 4:2:2: 4 bytes per pixel pair in one plane.
+template <class Layout> class PackedWriter {
+public:
+    ORVA_INLINE explicit PackedWriter(const Descriptor& d)
+        : dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+
+    ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
+    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+
+    template <class Stores, class V> ORVA_INLINE void put(const YuvWords<V>& samples) {
+        Stores::put(groupHalves(Layout::join(samples.luma, samples.chroma)), dst);
+        dst += V::bytes;
+    }
+
+    ORVA_INLINE void putPair(const YuvWords<Vec128>& samples) {
+        Layout::join(samples.luma, samples.chroma).store4(dst);
+        dst += 4;
+    }
+
+    ORVA_INLINE void endRow() { dst += gap; }
+
+private:
+    uint8_t* dst;
+    ptrdiff_t gap;
+};
+
+// A luma plane and a plane of chroma pairs, which moves by the same gap. Streaming has never meant
+// anything here: a block is 8 bytes to each plane, which need no alignment.
+class SemiPlanarWriter {
+public:
+    ORVA_INLINE explicit SemiPlanarWriter(const Descriptor& d)
+        : luma(static_cast<uint8_t*>(d.dstData)),
+          chroma(luma + ptrdiff_t(d.dstPitch) * ptrdiff_t(d.dstHeight)), gap(d.dstRowGap) {}
+
+    // As for 4 bytes per pair, although there are 2: it decides how many pairs go singly, which has
+    // to stay as it is.
+    ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(luma); }
+    ORVA_INLINE bool streamable() const { return true; }
+
+    template <class Stores, class V> ORVA_INLINE void put(const YuvWords<V>& samples) {
+        groupQuarters(packBytes(samples.luma, samples.chroma)).storeHalves(luma, chroma);
+        luma += V::bytes / 2;
+        chroma += V::bytes / 2;
+    }
+
+    ORVA_INLINE void putPair(const YuvWords<Vec128>& samples) {
+        packBytes(samples.luma, samples.luma).store2(luma);
+        packBytes(samples.chroma, samples.chroma).store2(chroma);
+        luma += 2;
+        chroma += 2;
+    }
+
+    ORVA_INLINE void endRow() {
+        luma += gap;
+        chroma += gap;
+    }
+
+private:
+    uint8_t* luma;
+    uint8_t* chroma;
+    ptrdiff_t gap;
+};
+
+// What becomes of the pixels' fourth bytes: nothing, or the destination's alpha plane.
+class FourthDropped {
+public:
+    ORVA_INLINE explicit FourthDropped(const Descriptor&) {}
+    template <class V> ORVA_INLINE void put(const Pixels8<V>&) {}
+    ORVA_INLINE void putPair(Vec128) {}
+    ORVA_INLINE void endRow() {}
+};
+
+class FourthToPlane {
+public:
+    ORVA_INLINE explicit FourthToPlane(const Descriptor& d)
+        : dst(static_cast<uint8_t*>(d.dstPlane2Data)), gap(d.dstPlane2RowGap) {}
+
+    template <class V> ORVA_INLINE void put(const Pixels8<V>& pixels) {
+        fourthBytes(pixels).storeLow(dst);
+        dst += V::bytes / 2;
+    }
+
+    ORVA_INLINE void putPair(Vec128 pixels) {
+        fourthBytes(Pixels8<Vec128>{pixels, pixels}).store2(dst);
+        dst += 2;
+    }
+
+    ORVA_INLINE void endRow() { dst += gap; }
+
+private:
+    uint8_t* dst;
+    ptrdiff_t gap;
+};
+
+}  // namespace orva::ORVA_ISA

@@ -1,0 +1,79 @@
+// Packed 4:2:2 from one matrix to the other, in blocks of 16 pixels.
+#pragma once
+
+#include "frame/packed_layouts.hpp"
+#include "frame/row_walk.hpp"
+#include "yuv_to_yuv/math.hpp"
+
+namespace orva::ORVA_ISA {
+
+template <class SourceLayout, class DestinationLayout, bool clamped> class MatrixJob {
+public:
+    static constexpr uint32_t unitPixels = 2;
+    static constexpr uint32_t blockPixels = 16;
+
+    ORVA_INLINE explicit MatrixJob(const Descriptor& d)
+        : src(static_cast<const uint8_t*>(d.srcData)), dst(static_cast<uint8_t*>(d.dstData)),
+          srcGap(d.srcRowGap), dstGap(d.dstRowGap), math(matrixSetup(d)) {
+        __builtin_prefetch(src);
+    }
+
+    ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
+    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+
+    template <class V, class Stores> ORVA_INLINE void blocks() {
+        // The halves of a block are neighbouring lanes in memory and have to meet in one lane.
+        const V low = V::load(src), high = V::load(src + V::bytes);
+        const Bytes<V> out =
+            join(math(WholeBlock<V>{split(evenLanes(low, high)), split(oddLanes(low, high))}));
+        Stores::put(zipLanesLow(out.first, out.second), dst);
+        Stores::put(zipLanesHigh(out.first, out.second), dst + V::bytes);
+        src += 2 * V::bytes;
+        dst += 2 * V::bytes;
+    }
+
+    // A single pair is the first half of a block whose halves are the same.
+    template <class Stores> ORVA_INLINE void unit() {
+        const HalfBlock<Vec128> pair = split(Vec128::load4(src));
+        join(math(WholeBlock<Vec128>{pair, pair})).first.store4(dst);
+        src += 4;
+        dst += 4;
+    }
+
+    ORVA_INLINE void endRow() {
+        src += srcGap;
+        dst += dstGap;
+    }
+
+private:
+    template <class V> struct Bytes { V first, second; };
+
+    template <class V> ORVA_INLINE static HalfBlock<V> split(V words) {
+        return {SourceLayout::template luma<0>(words), SourceLayout::template chroma<0>(words)};
+    }
+
+    template <class V> ORVA_INLINE static Bytes<V> join(const WholeBlock<V>& block) {
+        const V luma = packBytes(block.first.luma, block.second.luma);
+        const V chroma = packBytes(block.first.chroma, block.second.chroma);
+        return {DestinationLayout::interleaveLow(luma, chroma),
+                DestinationLayout::interleaveHigh(luma, chroma)};
+    }
+
+    const uint8_t* src;
+    uint8_t* dst;
+    ptrdiff_t srcGap, dstGap;
+    MatrixConversion<clamped> math;
+};
+
+template <class SourceLayout, class DestinationLayout> struct Matrix {
+    template <bool fast, class Stores> static void run(const Descriptor& d) {
+        if (d.clampStudio)
+            walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, true>(d), d.srcHeight,
+                                   d.dstWidth);
+        else
+            walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, false>(d),
+                                   d.srcHeight, d.dstWidth);
+    }
+};
+
+}  // namespace orva::ORVA_ISA

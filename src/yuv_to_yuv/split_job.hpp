@@ -1,0 +1,71 @@
+// Packed 4:2:2 taken apart into a luma plane and a plane of chroma pairs. Streaming has never meant
+// anything here.
+#pragma once
+
+#include "frame/packed_layouts.hpp"
+#include "frame/row_walk.hpp"
+
+namespace orva::ORVA_ISA {
+
+template <class Layout> class SplitJob {
+public:
+    static constexpr uint32_t unitPixels = 2;
+    static constexpr uint32_t blockPixels = 16;
+
+    ORVA_INLINE explicit SplitJob(const Descriptor& d)
+        : src(static_cast<const uint8_t*>(d.srcData)), luma(static_cast<uint8_t*>(d.dstData)),
+          chroma(luma + ptrdiff_t(d.dstPitch) * ptrdiff_t(d.dstHeight)), srcGap(d.srcRowGap),
+          dstGap(d.dstRowGap) {
+        __builtin_prefetch(src);
+    }
+
+    // As for 4 bytes per pair, although there are 2: it aligns nothing, since no store here needs
+    // it.
+    ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(luma); }
+    ORVA_INLINE bool streamable() const { return true; }
+
+    template <class V, class Stores> ORVA_INLINE void blocks() {
+        const V first = V::load(src), second = V::load(src + V::bytes);
+        samples<V>(Layout::template luma<0>(first), Layout::template luma<0>(second)).store(luma);
+        samples<V>(Layout::template chroma<0>(first), Layout::template chroma<0>(second))
+            .store(chroma);
+        src += 2 * V::bytes;
+        luma += V::bytes;
+        chroma += V::bytes;
+    }
+
+    template <class Stores> ORVA_INLINE void unit() {
+        const Vec128 words = Vec128::load4(src);
+        const Vec128 lumaWords = Layout::template luma<0>(words);
+        const Vec128 chromaWords = Layout::template chroma<0>(words);
+        samples<Vec128>(lumaWords, lumaWords).store2(luma);
+        samples<Vec128>(chromaWords, chromaWords).store2(chroma);
+        src += 4;
+        luma += 2;
+        chroma += 2;
+    }
+
+    ORVA_INLINE void endRow() {
+        src += srcGap;
+        luma += dstGap;
+        chroma += dstGap;
+    }
+
+private:
+    template <class V> ORVA_INLINE static V samples(V firstWords, V secondWords) {
+        return groupHalves(packBytes(firstWords, secondWords));
+    }
+
+    const uint8_t* src;
+    uint8_t* luma;
+    uint8_t* chroma;
+    ptrdiff_t srcGap, dstGap;
+};
+
+template <class Layout> struct Split {
+    template <bool fast, class Stores> static void run(const Descriptor& d) {
+        walkRows<fast, Stores>(SplitJob<Layout>(d), d.srcHeight, d.dstWidth);
+    }
+};
+
+}  // namespace orva::ORVA_ISA
