@@ -85,12 +85,13 @@ bars=(--size 336x66)
 run pattern --format UYVY16IA8P "${bars[@]}" --frames 2 --matrix bt601 --range full full.uyvya
 run pattern --format bgra "${bars[@]}" --frames 2 clip.bgra
 for matrix in bt601 bt709; do
-    run convert --from UYVY16IA8P --to BGR32I "${bars[@]}" --matrix $matrix --range full full.uyvya \
-        $matrix.bgra
+    run convert --from UYVY16IA8P --to BGR32I "${bars[@]}" --matrix $matrix --range full \
+        full.uyvya $matrix.bgra
 done
 run compare --format BGR32I "${bars[@]}" --min-psnr 50 clip.bgra bt601.bgra
 grep -q 'A  PSNR inf' output || complain "alpha: $(cat output)"
-refuses 'below the wanted minimum' compare --format BGR32I "${bars[@]}" --min-psnr 50 clip.bgra bt709.bgra
+refuses "below the wanted minimum" compare --format BGR32I "${bars[@]}" --min-psnr 50 \
+    clip.bgra bt709.bgra
 run info --format UYVY16I "${size[@]}" clip.uyvy
 grep -q 'Y   16..235' output || complain "info: $(cat output)"
 grep -q '^7 frames' output || complain "info: $(cat output)"
