@@ -204,9 +204,9 @@ struct RowRange {
 // - converting the rows in ranges, in any order and on any threads, gives the same bytes as
 //   converting them all at once.
 //
-// Rows of the destination must begin at multiples of 8 bytes from YCbCr to BGR32I, 4 from BGR24I to
-// BGR32I and between YCbCr formats of different matrices, and 2 from YCbCr to BGR24I. Otherwise any
-// address and pitch will do, at best multiples of 64 as in Image.
+// Rows of the destination must begin at multiples of 8 bytes from YCbCr to BGR32I, of 4 between
+// YCbCr formats of different matrices, and of 2 from YCbCr to BGR24I. Otherwise any address and
+// pitch will do, at best multiples of 64 as in Image.
 //
 // Does not allocate. An empty image or row range is done at once.
 Result convert(const ConstImageView& source, const ImageView& destination,

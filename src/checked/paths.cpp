@@ -213,9 +213,7 @@ ColourStep colourStep(Format source, Format destination, bool matricesDiffer) {
     const Format to = formatInfo(destination).colour;
     if (isBgr(from)) {
         if (isBgr(to) || to == Format::A8P) {
-            return source == destination  ? ColourStep{copyPixels, 1}
-                   : to == Format::BGR32I ? ColourStep{repack, 4}
-                                          : ColourStep{repack, 1};
+            return {source == destination ? copyPixels : repack, 1};
         }
         return {from == Format::BGR24I ? fromBgr24 : fromBgr32, 1};
     }
