@@ -50,10 +50,13 @@ uint32_t rowBytes(const Export& conversion, const Format& format, uint32_t width
     return format.bytesPerPixel() * (pairs ? width & ~1u : width);
 }
 
-// How far from its first row a plane can reach.
-size_t reachOf(uint32_t width, uint32_t height, int32_t gap, int32_t pitch, bool lineModes) {
-    const size_t row = 16 * width + 16 + size_t(std::abs(gap));
-    return (height + 1) * (2 * row + (lineModes ? 10 * size_t(std::abs(pitch)) : 0));
+// How far from its first row a plane can reach in either direction. Modes read up to four pixels
+// for one, write two, and step over up to eight lines from row to row.
+size_t reachOf(const Descriptor& d, int32_t gap, int32_t pitch) {
+    const bool mode = d.kernelMode >= 1 && d.kernelMode <= 3;
+    const size_t row = (mode ? 16 : 4) * d.dstWidth + 16 + size_t(std::abs(gap));
+    const size_t lines = std::max(d.srcHeight, d.dstHeight) + 1;
+    return lines * (2 * row + (mode ? 10 * size_t(std::abs(pitch)) : 0));
 }
 
 bool isNamed(const Export& conversion, std::initializer_list<std::string_view> pairs) {
@@ -96,6 +99,7 @@ Shape randomShape(Random& random) {
     };
     return {.width = pick(random, 4) == 0 ? 16 * pick(random, 14) : pick(random, 150),
             .height = pick(random, 5),
+            .linesBelow = pick(random, 3),
             .srcOffset = offset(),
             .srcAlphaOffset = offset(),
             .dstOffset = offset(),
@@ -124,11 +128,14 @@ Descriptor randomOptions(Random& random) {
     d.streamingStores = uint8_t(pick(random, 3));
     d.clampStudio = uint8_t(pick(random, 3));
     d.reserved = uint8_t(random());
+    d.srcLinePairAdjacent = uint8_t(pick(random, 3));
+    d.lineMode = int32_t(pick(random, 5)) - 1;
+    // No mode's number, which means mode 0.
     d.kernelMode = pick(random, 2) == 0 ? 0 : int32_t(random() | 8);
     return d;
 }
 
-void keepContract(const Export& conversion, const Descriptor& options, Shape& shape) {
+void keepContract(const Export& conversion, Shape& shape) {
     const Format &source = conversion.source, &destination = conversion.destination;
     const uint32_t srcRow = rowBytes(conversion, source, shape.width);
     const uint32_t dstRow = rowBytes(conversion, destination, shape.width);
@@ -171,7 +178,6 @@ void keepContract(const Export& conversion, const Descriptor& options, Shape& sh
     if (source.alphaPlane && destination.alphaPlane)
         moveLike(shape.dstAlphaOffset, shape.width + uint32_t(shape.dstAlphaGap), shape.width,
                  shape.srcAlphaOffset, shape.srcAlphaGap);
-    (void)options;
 }
 
 bool agree(const Export& conversion, const Shape& shape, const Descriptor& options,
@@ -180,7 +186,8 @@ bool agree(const Export& conversion, const Shape& shape, const Descriptor& optio
 
     Descriptor d = options;
     d.dstWidth = shape.width;
-    d.srcHeight = d.dstHeight = shape.height;
+    d.srcHeight = shape.height;
+    d.dstHeight = shape.height + shape.linesBelow;
     d.srcRowGap = shape.srcGap;
     d.srcPlane2RowGap = shape.srcAlphaGap;
     d.dstRowGap = shape.dstGap;
@@ -193,10 +200,7 @@ bool agree(const Export& conversion, const Shape& shape, const Descriptor& optio
     d.srcPlane2Pitch = int32_t(shape.width) + shape.srcAlphaGap;
     d.dstPlane2Pitch = shape.dstAlphaPitch.value_or(int32_t(shape.width) + shape.dstAlphaGap);
 
-    const auto reach = [&](int32_t gap, int32_t pitch) {
-        return reachOf(shape.width, shape.height, gap, pitch,
-                       d.kernelMode >= 1 && d.kernelMode <= 3);
-    };
+    const auto reach = [&](int32_t gap, int32_t pitch) { return reachOf(d, gap, pitch); };
     Layout sources, destinations;
     const size_t src = sources.place(shape.srcOffset, reach(d.srcRowGap, d.srcPitch));
     const size_t srcAlpha =

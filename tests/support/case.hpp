@@ -12,6 +12,7 @@ namespace test {
 // The geometry that a case chooses; addresses and pitches follow from it.
 struct Shape {
     uint32_t width = 0, height = 3;
+    uint32_t linesBelow = 0;  // by which dstHeight exceeds srcHeight
     // Addresses of the first rows modulo 64, and row gaps.
     uint32_t srcOffset = 0, srcAlphaOffset = 0, dstOffset = 0, dstAlphaOffset = 0;
     int32_t srcGap = 0, srcAlphaGap = 0, dstGap = 0, dstAlphaGap = 0;
@@ -25,7 +26,7 @@ Shape randomShape(Random& random);
 OrvaConversionDescriptor randomOptions(Random& random);
 
 // Changes a shape as little as possible so that it keeps what the conversion asks of its caller.
-void keepContract(const Export& conversion, const OrvaConversionDescriptor& options, Shape& shape);
+void keepContract(const Export& conversion, Shape& shape);
 
 // Runs the library and the model on the same source and on destinations that are poisoned
 // differently, and compares all of memory around the planes. Reports differences as test failures.

@@ -1,0 +1,57 @@
+// 32-bit hosts may call with a stack that is aligned to 4 bytes only.
+#include "support/exports.hpp"
+#include "support/tables.hpp"
+
+namespace test {
+namespace {
+
+#if defined(__i386__)
+
+// Calls with the stack pointer `past` bytes beyond a 16-byte boundary.
+void callWithStack(uint32_t past, const Export& conversion, const OrvaConversionDescriptor* d) {
+    void* keptStack;
+    asm volatile("movl %%esp, %0\n\t"
+                 "andl $-64, %%esp\n\t"
+                 "subl %2, %%esp\n\t"
+                 "pushl %3\n\t"
+                 "call *%1\n\t"
+                 "movl %0, %%esp"
+                 : "=&b"(keptStack)
+                 : "S"(conversion.call), "D"(16 - past), "a"(d)
+                 : "ecx", "edx", "memory", "cc");
+}
+
+TEST(StackAlignment, AnyMultipleOfFourWillDo) {
+    alignas(64) static uint8_t src[8192], srcAlpha[8192], dst[8192], dstAlpha[8192];
+    withEveryTable([] {
+        for (const Export& conversion : exports()) {
+            for (const uint32_t past : {0u, 4u, 8u, 12u}) {
+                for (const uint32_t width : {96u, 70u}) {
+                    for (int flags = 0; flags < 8; ++flags) {
+                        OrvaConversionDescriptor d{};
+                        d.srcData = src;
+                        d.srcPlane2Data = srcAlpha;
+                        d.dstData = dst;
+                        d.dstPlane2Data = dstAlpha;
+                        d.dstWidth = width;
+                        d.srcHeight = d.dstHeight = 1;
+                        d.srcPitch = d.dstPitch = d.dstPlane2Pitch = 96;
+                        d.streamingStores = flags & 1;
+                        d.clampStudio = flags & 2;
+                        d.srcColorSpace = flags & 4;
+                        callWithStack(past, conversion, &d);
+                    }
+                }
+            }
+        }
+    });
+}
+
+#else
+
+TEST(StackAlignment, IsTheCallersDutyIn64BitBuilds) { GTEST_SKIP(); }
+
+#endif
+
+}  // namespace
+}  // namespace test
