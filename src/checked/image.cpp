@@ -23,30 +23,25 @@ std::optional<Image> Image::create(Format format, std::uint32_t width,
     }
     // 192 is the least multiple of 64 that is one of 48, which the kernels for BGR24I ask for.
     const std::uint64_t pitchUnit = info.bytesPerPixel == 3 ? 3 * planeAlignment : planeAlignment;
-    const auto pitchOf = [&](std::uint64_t bytes) {
-        return roundUp(std::max<std::uint64_t>(bytes, 1), pitchUnit);
-    };
-    const std::uint64_t mainPitch = pitchOf(std::uint64_t{width} * info.bytesPerPixel);
-    const std::uint64_t alphaPitch =
-        info.alphaPlane ? roundUp(std::max<std::uint32_t>(width, 1), planeAlignment) : 0;
-    if (mainPitch > maximumPitch) {
-        return std::nullopt;
-    }
+    const std::uint64_t mainPitch = roundUp(std::uint64_t{width} * info.bytesPerPixel, pitchUnit);
+    const std::uint64_t alphaPitch = info.alphaPlane ? roundUp(width, planeAlignment) : 0;
     const std::uint64_t mainSize = mainPitch * height;
     const std::uint64_t chromaSize = info.chromaPlane ? mainSize : 0;
     const std::uint64_t alphaSize = alphaPitch * height;
-    const std::uint64_t size = mainSize + chromaSize + alphaSize;
-    if (size > PTRDIFF_MAX) {
+    // With a legal pitch, the sum of these cannot overflow.
+    if (mainPitch > maximumPitch || chromaSize > maximumChromaDistance ||
+        mainSize + chromaSize + alphaSize > PTRDIFF_MAX) {
         return std::nullopt;
     }
+    const auto size = static_cast<std::size_t>(mainSize + chromaSize + alphaSize);
 
     Image image;
-    image.memory = ::operator new (std::max<std::size_t>(static_cast<std::size_t>(size), 1),
-                                   std::align_val_t{planeAlignment}, std::nothrow);
+    image.memory = ::operator new (std::max<std::size_t>(size, 1), std::align_val_t{planeAlignment},
+                                   std::nothrow);
     if (!image.memory) {
         return std::nullopt;
     }
-    std::memset(image.memory, 0, static_cast<std::size_t>(size));
+    std::memset(image.memory, 0, size);
     auto* next = static_cast<std::byte*>(image.memory);
     const auto place = [&next](std::uint64_t planeSize, std::uint64_t pitch) {
         Plane plane{{next, static_cast<std::size_t>(planeSize)},
