@@ -29,7 +29,9 @@ template <class Byte> Side<Byte> sideOf(const BasicImageView<Byte>& image) {
     if (info.alphaPlane) {
         side.alpha = {firstRow(image.alpha, image.height), image.alpha.pitch};
     }
-    side.chromaDistance = image.main.pitch * static_cast<std::ptrdiff_t>(image.height);
+    if (info.chromaPlane) {
+        side.chromaDistance = image.main.pitch * static_cast<std::ptrdiff_t>(image.height);
+    }
     return side;
 }
 
