@@ -22,13 +22,11 @@ struct FillJob {
     static constexpr uint32_t unitPixels = 1;
     static constexpr uint32_t blockPixels = 32;
 
-    uint8_t* dst;
-    ptrdiff_t dstGap;
+    DestinationPointer dst;
     Wide alpha;
 
     ORVA_INLINE explicit FillJob(const Descriptor& d)
-        : dst(static_cast<uint8_t*>(d.dstData)), dstGap(d.dstRowGap),
-          alpha(Wide::all8(uint8_t(d.alphaValue))) {}
+        : dst(mainDestination(d)), alpha(Wide::all8(uint8_t(d.alphaValue))) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<1>(dst); }
     ORVA_INLINE bool streamable() const { return isAligned16(dst); }
@@ -39,9 +37,12 @@ struct FillJob {
         dst += 2 * V::bytes;
     }
 
-    template <class Stores> ORVA_INLINE void unit() { *dst++ = uint8_t(alpha.firstLane().low32()); }
+    template <class Stores> ORVA_INLINE void unit() {
+        *dst = uint8_t(alpha.firstLane().low32());
+        dst += 1;
+    }
 
-    ORVA_INLINE void endRow() { dst += dstGap; }
+    ORVA_INLINE void endRow() { dst.endRow(); }
 };
 
 struct Fill {

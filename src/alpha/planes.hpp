@@ -9,10 +9,7 @@ namespace orva::ORVA_ISA {
 // The source's alpha plane, as fourth bytes of otherwise empty pixels.
 class PlaneAlpha {
 public:
-    ORVA_INLINE explicit PlaneAlpha(const Descriptor& d)
-        : src(static_cast<const uint8_t*>(d.srcPlane2Data)), gap(d.srcPlane2RowGap) {
-        __builtin_prefetch(src);
-    }
+    ORVA_INLINE explicit PlaneAlpha(const Descriptor& d) : src(alphaSource(d)) {}
 
     template <class V> ORVA_INLINE Pixels16<V> take16() {
         const V bytes = spreadQuarters(V::load(src));
@@ -21,12 +18,15 @@ public:
         return {unpackLow16(V::zero(), low), unpackHigh16(V::zero(), low),
                 unpackLow16(V::zero(), high), unpackHigh16(V::zero(), high)};
     }
-    ORVA_INLINE uint32_t takePixel() { return uint32_t(*src++) << 24; }
-    ORVA_INLINE void endRow() { src += gap; }
+    ORVA_INLINE uint32_t takePixel() {
+        const uint32_t alpha = *src;
+        src += 1;
+        return alpha << 24;
+    }
+    ORVA_INLINE void endRow() { src.endRow(); }
 
 private:
-    const uint8_t* src;
-    ptrdiff_t gap;
+    SourcePointer src;
 };
 
 // The fourth bytes of 8 * lanes pixels, in memory order in the low half.
@@ -44,8 +44,7 @@ template <class V> ORVA_INLINE V fourthBytes(const Pixels16<V>& pixels) {
 // Fourth bytes to the destination's main plane, which is the whole destination.
 class AlphaWriter {
 public:
-    ORVA_INLINE explicit AlphaWriter(const Descriptor& d)
-        : dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+    ORVA_INLINE explicit AlphaWriter(const Descriptor& d) : dst(mainDestination(d)) {}
 
     template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
         return unitsToBoundary<unitPixels>(dst);
@@ -56,19 +55,21 @@ public:
         Stores::put(fourthBytes(pixels), dst);
         dst += V::bytes;
     }
-    ORVA_INLINE void putPixel(uint32_t pixel) { *dst++ = uint8_t(pixel >> 24); }
-    ORVA_INLINE void endRow() { dst += gap; }
+    ORVA_INLINE void putPixel(uint32_t pixel) {
+        *dst = uint8_t(pixel >> 24);
+        dst += 1;
+    }
+    ORVA_INLINE void endRow() { dst.endRow(); }
 
 private:
-    uint8_t* dst;
-    ptrdiff_t gap;
+    DestinationPointer dst;
 };
 
 // Colour to a BGR24I main plane, fourth bytes to the alpha plane beside it.
 class Bgr24AndAlphaWriter {
 public:
     ORVA_INLINE explicit Bgr24AndAlphaWriter(const Descriptor& d)
-        : colour(d), alpha(static_cast<uint8_t*>(d.dstPlane2Data)), gap(d.dstPlane2RowGap) {}
+        : colour(d), alpha(alphaDestination(d)) {}
 
     template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
         return colour.head<unitPixels>();
@@ -83,17 +84,17 @@ public:
     }
     ORVA_INLINE void putPixel(uint32_t pixel) {
         colour.putPixel(pixel);
-        *alpha++ = uint8_t(pixel >> 24);
+        *alpha = uint8_t(pixel >> 24);
+        alpha += 1;
     }
     ORVA_INLINE void endRow() {
         colour.endRow();
-        alpha += gap;
+        alpha.endRow();
     }
 
 private:
     Bgr24Writer colour;
-    uint8_t* alpha;
-    ptrdiff_t gap;
+    DestinationPointer alpha;
 };
 
 }  // namespace orva::ORVA_ISA

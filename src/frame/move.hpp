@@ -4,6 +4,7 @@
 
 #include <type_traits>
 
+#include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
 
 namespace orva::ORVA_ISA {
@@ -39,15 +40,11 @@ template <class Format, class Order, class Loads> struct MoveJob {
     static constexpr uint32_t blockPixels = Format::blockPixels;
     static constexpr uint32_t blockBytes = blockPixels / unitPixels * Format::unitBytes;
 
-    const uint8_t* src;
-    uint8_t* dst;
-    ptrdiff_t srcGap, dstGap;
+    SourcePointer src;
+    DestinationPointer dst;
 
     ORVA_INLINE explicit MoveJob(const Descriptor& d)
-        : src(static_cast<const uint8_t*>(d.srcData)), dst(static_cast<uint8_t*>(d.dstData)),
-          srcGap(d.srcRowGap), dstGap(d.dstRowGap) {
-        __builtin_prefetch(src);
-    }
+        : src(mainSource(d)), dst(mainDestination(d)) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<Format::unitBytes>(dst); }
     ORVA_INLINE bool streamable() const { return isAligned16(dst); }
@@ -76,8 +73,8 @@ template <class Format, class Order, class Loads> struct MoveJob {
     }
 
     ORVA_INLINE void endRow() {
-        src += srcGap;
-        dst += dstGap;
+        src.endRow();
+        dst.endRow();
     }
 };
 

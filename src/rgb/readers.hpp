@@ -3,6 +3,7 @@
 #pragma once
 
 #include "frame/line_pairs.hpp"
+#include "frame/planes.hpp"
 #include "rgb/pixels.hpp"
 #include "simd/bgr24.hpp"
 
@@ -10,10 +11,7 @@ namespace orva::ORVA_ISA {
 
 class Bgr32Reader {
 public:
-    ORVA_INLINE explicit Bgr32Reader(const Descriptor& d)
-        : src(static_cast<const uint8_t*>(d.srcData)), gap(d.srcRowGap) {
-        __builtin_prefetch(src);
-    }
+    ORVA_INLINE explicit Bgr32Reader(const Descriptor& d) : src(mainSource(d)) {}
 
     template <class V> ORVA_INLINE Pixels8<V> take8() {
         const Pixels8<V> pixels{vector<V>(0), vector<V>(1)};
@@ -39,15 +37,14 @@ public:
         return pixel;
     }
 
-    ORVA_INLINE void endRow() { src += gap; }
+    ORVA_INLINE void endRow() { src.endRow(); }
 
 private:
     template <class V> ORVA_INLINE V vector(uint32_t i) const {
         return V::load(src + i * V::bytes);
     }
 
-    const uint8_t* src;
-    ptrdiff_t gap;
+    SourcePointer src;
 };
 
 // Every factor-th pixel of BGR32I lines.
@@ -83,10 +80,7 @@ private:
 // The fourth bytes are unspecified.
 class Bgr24Reader {
 public:
-    ORVA_INLINE explicit Bgr24Reader(const Descriptor& d)
-        : src(static_cast<const uint8_t*>(d.srcData)), gap(d.srcRowGap) {
-        __builtin_prefetch(src);
-    }
+    ORVA_INLINE explicit Bgr24Reader(const Descriptor& d) : src(mainSource(d)) {}
 
     template <class V> ORVA_INLINE Pixels8<V> take8() {
         const Pixels8<V> pixels{front<V>(0), back<V>(1)};
@@ -111,7 +105,7 @@ public:
         return pixel;
     }
 
-    ORVA_INLINE void endRow() { src += gap; }
+    ORVA_INLINE void endRow() { src.endRow(); }
 
 private:
     template <class V> ORVA_INLINE V front(uint32_t i) const {
@@ -121,8 +115,7 @@ private:
         return loadBack24(src + 12 * V::lanes * i, V());
     }
 
-    const uint8_t* src;
-    ptrdiff_t gap;
+    SourcePointer src;
 };
 
 // BGR24I pixels with fourth bytes from somewhere else.

@@ -1,6 +1,7 @@
 // Where BGR pixels go: blocks of 8 or 16 of them in vectors, pairs and single pixels at row ends.
 #pragma once
 
+#include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
 #include "rgb/pixels.hpp"
 #include "simd/bgr24.hpp"
@@ -12,8 +13,7 @@ public:
     // What a colour conversion, which works on 8 pixels at a time, has to convert for one put.
     static constexpr uint32_t colourBlock = 8;
 
-    ORVA_INLINE explicit Bgr32Writer(const Descriptor& d)
-        : dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+    ORVA_INLINE explicit Bgr32Writer(const Descriptor& d) : dst(mainDestination(d)) {}
 
     template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
         return unitsToBoundary<4 * unitPixels>(dst);
@@ -41,11 +41,10 @@ public:
         dst += 4;
     }
 
-    ORVA_INLINE void endRow() { dst += gap; }
+    ORVA_INLINE void endRow() { dst.endRow(); }
 
 private:
-    uint8_t* dst;
-    ptrdiff_t gap;
+    DestinationPointer dst;
 };
 
 // Drops the fourth bytes.
@@ -53,8 +52,7 @@ class Bgr24Writer {
 public:
     static constexpr uint32_t colourBlock = 16;
 
-    ORVA_INLINE explicit Bgr24Writer(const Descriptor& d)
-        : dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+    ORVA_INLINE explicit Bgr24Writer(const Descriptor& d) : dst(mainDestination(d)) {}
 
     template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
         return unitsToBoundary<3 * unitPixels>(dst);
@@ -81,11 +79,10 @@ public:
         dst += 3;
     }
 
-    ORVA_INLINE void endRow() { dst += gap; }
+    ORVA_INLINE void endRow() { dst.endRow(); }
 
 private:
-    uint8_t* dst;
-    ptrdiff_t gap;
+    DestinationPointer dst;
 };
 
 }  // namespace orva::ORVA_ISA

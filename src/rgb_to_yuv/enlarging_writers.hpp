@@ -6,6 +6,7 @@
 #pragma once
 
 #include "frame/packed_layouts.hpp"
+#include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
 #include "rgb_to_yuv/math.hpp"
 
@@ -23,7 +24,7 @@ template <class V> ORVA_INLINE EnlargedWords<V> enlarged(const YuvWords<V>& samp
 template <class Layout> class EnlargingPackedWriter {
 public:
     ORVA_INLINE explicit EnlargingPackedWriter(const Descriptor& d)
-        : dst(static_cast<uint8_t*>(d.dstData)), pitch(d.dstPitch), gap(d.dstRowGap) {}
+        : dst(mainDestination(d)), pitch(d.dstPitch) {}
 
     // As for 4 bytes per pair, although there are 8.
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
@@ -49,19 +50,21 @@ public:
         dst += 8;
     }
 
-    ORVA_INLINE void endRow() { dst += 2 * gap; }
+    ORVA_INLINE void endRow() {
+        dst.endRow();
+        dst.endRow();
+    }
 
 private:
-    uint8_t* dst;
-    ptrdiff_t pitch, gap;
+    DestinationPointer dst;
+    ptrdiff_t pitch;
 };
 
 class EnlargingSemiPlanarWriter {
 public:
     ORVA_INLINE explicit EnlargingSemiPlanarWriter(const Descriptor& d)
-        : luma(static_cast<uint8_t*>(d.dstData)),
-          chroma(luma + ptrdiff_t(d.dstPitch) * ptrdiff_t(d.dstHeight)), pitch(d.dstPitch),
-          gap(d.dstRowGap) {}
+        : luma(mainDestination(d)), chroma(luma.chromaPlane(d.dstPitch, d.dstHeight)),
+          pitch(d.dstPitch) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(luma); }
     ORVA_INLINE bool streamable() const { return true; }
@@ -91,14 +94,15 @@ public:
     }
 
     ORVA_INLINE void endRow() {
-        luma += 2 * gap;
-        chroma += 2 * gap;
+        luma.endRow();
+        luma.endRow();
+        chroma.endRow();
+        chroma.endRow();
     }
 
 private:
-    uint8_t* luma;
-    uint8_t* chroma;
-    ptrdiff_t pitch, gap;
+    DestinationPointer luma, chroma;
+    ptrdiff_t pitch;
 };
 
 }  // namespace orva::ORVA_ISA

@@ -84,8 +84,7 @@ public:
 
     ORVA_INLINE explicit ReducedJob(const Descriptor& d)
         : reader(d), math(rgbToYuvConstants(d)),
-          offset(Wide::all32(rgbToYuvConstants(d).lumaOffset)),
-          dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+          offset(Wide::all32(rgbToYuvConstants(d).lumaOffset)), dst(mainDestination(d)) {}
 
     template <class V, class Stores> ORVA_INLINE void blocks() {
         const Pixels8<V> pixels = reader.take8<V>();
@@ -96,15 +95,14 @@ public:
 
     ORVA_INLINE void endRow() {
         reader.endRow();
-        dst += gap;
+        dst.endRow();
     }
 
 private:
     Bgr24Reader reader;
     RgbToYuv<false> math;
     Wide offset;
-    uint8_t* dst;
-    ptrdiff_t gap;
+    DestinationPointer dst;
 };
 
 void convertReduced(const Descriptor& d) {

@@ -10,8 +10,7 @@ namespace orva::ORVA_ISA {
 // Packed 4:2:2: 4 bytes per pixel pair in one plane.
 template <class Layout> class PackedWriter {
 public:
-    ORVA_INLINE explicit PackedWriter(const Descriptor& d)
-        : dst(static_cast<uint8_t*>(d.dstData)), gap(d.dstRowGap) {}
+    ORVA_INLINE explicit PackedWriter(const Descriptor& d) : dst(mainDestination(d)) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
     ORVA_INLINE bool streamable() const { return isAligned16(dst); }
@@ -26,11 +25,10 @@ public:
         dst += 4;
     }
 
-    ORVA_INLINE void endRow() { dst += gap; }
+    ORVA_INLINE void endRow() { dst.endRow(); }
 
 private:
-    uint8_t* dst;
-    ptrdiff_t gap;
+    DestinationPointer dst;
 };
 
 // A luma plane and a plane of chroma pairs, which moves by the same gap. Streaming has never meant
@@ -38,8 +36,7 @@ private:
 class SemiPlanarWriter {
 public:
     ORVA_INLINE explicit SemiPlanarWriter(const Descriptor& d)
-        : luma(static_cast<uint8_t*>(d.dstData)),
-          chroma(luma + ptrdiff_t(d.dstPitch) * ptrdiff_t(d.dstHeight)), gap(d.dstRowGap) {}
+        : luma(mainDestination(d)), chroma(luma.chromaPlane(d.dstPitch, d.dstHeight)) {}
 
     // As for 4 bytes per pair, although there are 2: it decides how many pairs go singly, which has
     // to stay as it is.
@@ -60,14 +57,12 @@ public:
     }
 
     ORVA_INLINE void endRow() {
-        luma += gap;
-        chroma += gap;
+        luma.endRow();
+        chroma.endRow();
     }
 
 private:
-    uint8_t* luma;
-    uint8_t* chroma;
-    ptrdiff_t gap;
+    DestinationPointer luma, chroma;
 };
 
 // What becomes of the pixels' fourth bytes: nothing, or the destination's alpha plane.
@@ -81,8 +76,7 @@ public:
 
 class FourthToPlane {
 public:
-    ORVA_INLINE explicit FourthToPlane(const Descriptor& d)
-        : dst(static_cast<uint8_t*>(d.dstPlane2Data)), gap(d.dstPlane2RowGap) {}
+    ORVA_INLINE explicit FourthToPlane(const Descriptor& d) : dst(alphaDestination(d)) {}
 
     template <class V> ORVA_INLINE void put(const Pixels8<V>& pixels) {
         fourthBytes(pixels).storeLow(dst);
@@ -94,11 +88,10 @@ public:
         dst += 2;
     }
 
-    ORVA_INLINE void endRow() { dst += gap; }
+    ORVA_INLINE void endRow() { dst.endRow(); }
 
 private:
-    uint8_t* dst;
-    ptrdiff_t gap;
+    DestinationPointer dst;
 };
 
 }  // namespace orva::ORVA_ISA

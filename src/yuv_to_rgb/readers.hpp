@@ -3,6 +3,7 @@
 
 #include "frame/line_pairs.hpp"
 #include "frame/packed_layouts.hpp"
+#include "frame/planes.hpp"
 #include "yuv_to_rgb/math.hpp"
 
 namespace orva::ORVA_ISA {
@@ -10,10 +11,7 @@ namespace orva::ORVA_ISA {
 // Packed 4:2:2: 4 bytes per pixel pair in one plane.
 template <class Layout> class PackedReader {
 public:
-    ORVA_INLINE explicit PackedReader(const Descriptor& d)
-        : src(static_cast<const uint8_t*>(d.srcData)), gap(d.srcRowGap) {
-        __builtin_prefetch(src);
-    }
+    ORVA_INLINE explicit PackedReader(const Descriptor& d) : src(mainSource(d)) {}
 
     template <class V> ORVA_INLINE Yuv<V> take() {
         const V words = spreadHalves(V::load(src));
@@ -27,24 +25,21 @@ public:
         return split(words);
     }
 
-    ORVA_INLINE void endRow() { src += gap; }
+    ORVA_INLINE void endRow() { src.endRow(); }
 
 private:
     template <class V> ORVA_INLINE static Yuv<V> split(V words) {
         return {Layout::template luma<2>(words), Layout::template chroma<3>(words)};
     }
 
-    const uint8_t* src;
-    ptrdiff_t gap;
+    SourcePointer src;
 };
 
 // A plane of luma and, right behind its rows, one of chroma pairs that moves by the same gap.
 class SemiPlanarReader {
 public:
     ORVA_INLINE explicit SemiPlanarReader(const Descriptor& d)
-        : luma(static_cast<const uint8_t*>(d.srcData)),
-          chroma(luma + ptrdiff_t(d.srcPitch) * ptrdiff_t(d.srcHeight)), gap(d.srcRowGap) {
-        __builtin_prefetch(luma);
+        : luma(mainSource(d)), chroma(luma.chromaPlane(d.srcPitch, d.srcHeight)) {
         __builtin_prefetch(chroma);
     }
 
@@ -63,8 +58,8 @@ public:
     }
 
     ORVA_INLINE void endRow() {
-        luma += gap;
-        chroma += gap;
+        luma.endRow();
+        chroma.endRow();
     }
 
 private:
@@ -73,9 +68,7 @@ private:
                 shiftRight16<8 - 3>(unpackHigh8(V::zero(), lumaThenChroma))};
     }
 
-    const uint8_t* luma;
-    const uint8_t* chroma;
-    ptrdiff_t gap;
+    SourcePointer luma, chroma;
 };
 
 // UYVY16I at a fraction of its size: luma is the first of every factor-th pixel pair, chroma that
@@ -163,10 +156,7 @@ private:
 // their place in the row, behind what the row's blocks and earlier pairs took.
 class PlaneFourth {
 public:
-    ORVA_INLINE explicit PlaneFourth(const Descriptor& d)
-        : src(static_cast<const uint8_t*>(d.srcPlane2Data)), gap(d.srcPlane2RowGap) {
-        __builtin_prefetch(src);
-    }
+    ORVA_INLINE explicit PlaneFourth(const Descriptor& d) : src(alphaSource(d)) {}
 
     template <class V> ORVA_INLINE V take() {
         const V bytes = spreadQuarters(V::loadLow(src));
@@ -181,13 +171,12 @@ public:
     }
 
     ORVA_INLINE void endRow() {
-        src += gap;
+        src.endRow();
         pixelsInPairs = 0;
     }
 
 private:
-    const uint8_t* src;
-    ptrdiff_t gap;
+    SourcePointer src;
     size_t pixelsInPairs = 0;
 };
 

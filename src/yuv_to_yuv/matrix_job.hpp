@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/packed_layouts.hpp"
+#include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
 #include "yuv_to_yuv/math.hpp"
 
@@ -13,10 +14,7 @@ public:
     static constexpr uint32_t blockPixels = 16;
 
     ORVA_INLINE explicit MatrixJob(const Descriptor& d)
-        : src(static_cast<const uint8_t*>(d.srcData)), dst(static_cast<uint8_t*>(d.dstData)),
-          srcGap(d.srcRowGap), dstGap(d.dstRowGap), math(matrixSetup(d)) {
-        __builtin_prefetch(src);
-    }
+        : src(mainSource(d)), dst(mainDestination(d)), math(matrixSetup(d)) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
     ORVA_INLINE bool streamable() const { return isAligned16(dst); }
@@ -41,8 +39,8 @@ public:
     }
 
     ORVA_INLINE void endRow() {
-        src += srcGap;
-        dst += dstGap;
+        src.endRow();
+        dst.endRow();
     }
 
 private:
@@ -59,9 +57,8 @@ private:
                 DestinationLayout::interleaveHigh(luma, chroma)};
     }
 
-    const uint8_t* src;
-    uint8_t* dst;
-    ptrdiff_t srcGap, dstGap;
+    SourcePointer src;
+    DestinationPointer dst;
     MatrixConversion<clamped> math;
 };
 

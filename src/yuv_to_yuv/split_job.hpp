@@ -3,6 +3,7 @@
 #pragma once
 
 #include "frame/packed_layouts.hpp"
+#include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
 
 namespace orva::ORVA_ISA {
@@ -13,11 +14,8 @@ public:
     static constexpr uint32_t blockPixels = 16;
 
     ORVA_INLINE explicit SplitJob(const Descriptor& d)
-        : src(static_cast<const uint8_t*>(d.srcData)), luma(static_cast<uint8_t*>(d.dstData)),
-          chroma(luma + ptrdiff_t(d.dstPitch) * ptrdiff_t(d.dstHeight)), srcGap(d.srcRowGap),
-          dstGap(d.dstRowGap) {
-        __builtin_prefetch(src);
-    }
+        : src(mainSource(d)), luma(mainDestination(d)),
+          chroma(luma.chromaPlane(d.dstPitch, d.dstHeight)) {}
 
     // As for 4 bytes per pair, although there are 2: it aligns nothing, since no store here needs
     // it.
@@ -46,9 +44,9 @@ public:
     }
 
     ORVA_INLINE void endRow() {
-        src += srcGap;
-        luma += dstGap;
-        chroma += dstGap;
+        src.endRow();
+        luma.endRow();
+        chroma.endRow();
     }
 
 private:
@@ -56,10 +54,8 @@ private:
         return groupHalves(packBytes(firstWords, secondWords));
     }
 
-    const uint8_t* src;
-    uint8_t* luma;
-    uint8_t* chroma;
-    ptrdiff_t srcGap, dstGap;
+    SourcePointer src;
+    DestinationPointer luma, chroma;
 };
 
 template <class Layout> struct Split {
