@@ -40,7 +40,7 @@ struct Vec128 {
     ORVA_INLINE void storeLow(uint8_t* p) const { store8(p); }
     ORVA_INLINE void storeHalves(uint8_t* low, uint8_t* high) const {
         store8(low);
-        _mm_storeh_pd(reinterpret_cast<double*>(high), _mm_castsi128_pd(v));
+        _mm_storeh_pi(reinterpret_cast<__m64*>(high), _mm_castsi128_ps(v));
     }
 
     // Row ends: the lowest bytes only, the rest zero.
