@@ -47,13 +47,14 @@ extern "C" {
  * Widths count pixels, heights count rows, pitches and row gaps count bytes. Both images have
  * dstWidth columns; rows come from srcHeight. A conversion walks each plane with a running pointer:
  * it converts a row and then adds the plane's row gap, so a row gap is the plane's pitch minus the
- * bytes that the row took. Pitches never move a row: they select kernels, place the second plane of
- * Y8PUV8I and address line pairs.
+ * bytes that the row took. Pitches never move a row: they select
+ * kernels, place the second plane of Y8PUV8I, and address line pairs and doubled lines in kernel
+ * modes.
  */
 typedef struct OrvaConversionDescriptor {
     const void* srcData;   /* first byte of the source's (main or luma) plane */
     uint32_t srcWidth;     /* not read */
-    uint32_t srcHeight;    /* number of rows; 0 converts nothing */
+    uint32_t srcHeight;    /* number of rows (kernel modes 1 and 2 may take dstHeight) */
     int32_t srcPitch;      /* bytes from row to row; see above for what reads it */
     int32_t srcRowGap;     /* bytes added to the source pointer after each row, any sign */
     int32_t srcColorSpace; /* 1: BT.601, anything else: BT.709 */
@@ -93,10 +94,10 @@ typedef struct OrvaConversionDescriptor {
  *   general kernel takes any width. Both give the same bytes except where a text says so.
  * - The source may have any address and pitch.
  * - In conversions of 4:2:2 formats an odd last pixel is not converted, and the pointers do not
- * pass over it.
+ *   pass over it. Copying or filling an alpha plane covers it.
  * - streamingStores changes how the destination is written, never what. No store fence is issued:
  *   a caller that hands the frame to another thread issues one.
- * - srcHeight 0 or dstWidth 0 writes nothing.
+ * - No rows or a dstWidth of 0 writes nothing.
  * - Source and destination must not overlap.
  * - Calls may run on any number of threads at once if their destinations do not overlap.
  *
@@ -217,7 +218,8 @@ ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_Y8PUV8IA8P_EX(const OrvaConversionDescr
 /* From BGR32I, as above, with modes. kernelMode 1 and 2 reduce to half and a quarter of the size;
  * see "Reducing modes" below. kernelMode 3 doubles width and height by repeating pixels and lines:
  * dstWidth and srcHeight count source pixels and rows, every line is written to the destination
- * pointer and dstPitch below it, and a row moves the pointer by twice dstRowGap. kernelMode 4 must
+ * pointer and dstPitch below it, and a row moves the pointer by twice dstRowGap. dstHeight, which
+ * places the chroma of Y8PUV8I, counts output lines. kernelMode 4 must
  * not be used; any other value means 0. */
 ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_UYVY16I_EX(const OrvaConversionDescriptor* conversion);
 ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_UVYY16I_EX(const OrvaConversionDescriptor* conversion);
@@ -234,8 +236,10 @@ ORVA_API void ORVA_CALL ORVA_SSE2_BGR24I_UVYY16I_EX(const OrvaConversionDescript
 ORVA_API void ORVA_CALL ORVA_SSE2_BGR24I_Y8PUV8I_EX(const OrvaConversionDescriptor* conversion);
 
 /* Reducing modes (kernelMode 1: factor 2, kernelMode 2: factor 4, of the exports that have them).
- * Output pixel x is source pixel factor * x; a pair takes its chroma where its own two pixels say.
- * Source rows come from two line pointers in turn.
+ * Output pixel x is source pixel factor * x, so a source line holds factor * dstWidth
+ * pixels. From BGR an output pair takes Cb from its even and Cr from its odd pixel, from UYVY16I
+ * both from the source pair of its even pixel. Source rows come from two line pointers in turn,
+ * which mark the starts of lines and do not move over a row.
  *
  * With lineMode 1 or 2 there are dstHeight rows. The first pointer starts at srcData, the second
  * one pitch away (srcLinePairAdjacent nonzero) or factor pitches, downwards in memory, or upwards
@@ -250,9 +254,10 @@ ORVA_API void ORVA_CALL ORVA_SSE2_BGR24I_Y8PUV8I_EX(const OrvaConversionDescript
  *
  * If srcColorSpace equals dstColorSpace, bytes are moved unchanged and no flag matters. If not, the
  * samples are converted from one matrix to the other: from BT.601 to BT.709 if the codes are
- * exactly 1 and 0, else from BT.709 to BT.601; clampStudio bounds luma before and after. Pixels
- * converted in a block of 16 can differ in the last bit from the same pixels converted as single
- * pairs at a row's ends.
+ * exactly 1 and 0, else from BT.709 to BT.601; clampStudio bounds luma before and after. In a block
+ * of 16 pixels the first 8 take their luma correction from the next 8, so that they can differ from
+ * the same pixels converted as single pairs at a row's ends, by more than rounding where chroma
+ * changes within the block.
  */
 
 ORVA_API void ORVA_CALL ORVA_SSE2_UYVY16I_UYVY16I_EX(const OrvaConversionDescriptor* conversion);
