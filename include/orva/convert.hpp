@@ -199,8 +199,8 @@ struct RowRange {
 // - alpha that the source does not have is Options::alpha in every pixel, and alpha that it has
 //   goes to its own pixel;
 // - the picture does not depend on addresses and pitches, with one exception: between different
-//   matrices of two YCbCr formats, pixels at which chroma changes may differ where the destination's
-//   address divides a row into other blocks;
+//   matrices of two YCbCr formats, pixels at which chroma changes may differ where the
+//   destination's address divides a row into other blocks;
 // - converting the rows in ranges, in any order and on any threads, gives the same bytes as
 //   converting them all at once.
 //
