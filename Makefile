@@ -1,10 +1,12 @@
 # What can be done here; the work is in scripts/.
-.PHONY: help demo test test-windows format clean
+.PHONY: help demo test test-windows bench bench-targets format clean
 
 help:
 	@echo "make demo          build, convert a clip of test frames, show frames per second"
 	@echo "make test          build and test the 64-bit and 32-bit Linux libraries"
 	@echo "make test-windows  build the 32-bit Windows library and test it under Wine"
+	@echo "make bench         compare the speed with memory's and with other libraries', takes minutes"
+	@echo "make bench-targets the same, judged, and the 32-bit build's"
 	@echo "make format        format all sources"
 	@echo "make clean         remove build/"
 
@@ -19,6 +21,14 @@ test:
 test-windows:
 	@scripts/install-deps windows
 	@scripts/run-tests windows-x86
+
+bench:
+	@scripts/install-deps bench
+	@scripts/bench
+
+bench-targets:
+	@scripts/install-deps bench test
+	@scripts/bench --targets
 
 format:
 	@scripts/install-deps format

@@ -43,8 +43,3 @@ if(ORVA_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
-
-# What the fuzzer is to learn from counts the branches it takes.
-if(ORVA_BUILD_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link)
-endif()

@@ -1,0 +1,77 @@
+// What is measured: every conversion in every form that has kernels of its own.
+#pragma once
+
+#include "support/exports.hpp"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+using Descriptor = OrvaConversionDescriptor;
+
+struct Size {
+    uint32_t width, height;
+    bool operator==(const Size&) const = default;
+};
+
+inline constexpr Size inCache{320, 64}, pal{720, 576}, hd{1920, 1080}, hdAndPair{1922, 1080},
+    uhd{3840, 2160};
+
+std::string label(Size size);
+
+// Conversions that cost alike.
+enum class Family {
+    yuvToBgr32,
+    yuvToBgr24,
+    bgr32ToYuv,
+    bgr24ToYuv,
+    matrix,    // between YCbCr formats of different colour codes
+    move,      // copies, reorderings, splits and what takes 32-bit pixels apart
+    repack24,  // between 24-bit and 32-bit pixels
+    mode,      // kernel modes 1 to 3
+};
+
+const char* label(Family family);
+
+struct Case {
+    const test::Export* conversion;
+    int32_t mode = 0;
+    int32_t srcColorSpace = 0, dstColorSpace = 0;
+
+    std::string name() const;
+    Family family() const;
+    // Between formats of YCbCr and BGR or of two matrices.
+    bool computesColours() const;
+};
+
+const test::Export& exportNamed(std::string_view name);
+
+// All of them, or those whose names contain the filter.
+std::vector<Case> cases(std::string_view filter);
+
+inline size_t toPage(size_t bytes) { return (bytes + 4095) / 4096 * 4096; }
+
+// Where a case's planes of one size lie in memory that begins on a page boundary. Rows follow each
+// other without gaps. The size is that of the larger picture where a mode changes it.
+class Layout {
+public:
+    // With an offset, every destination plane begins 8 bytes behind a page boundary, and so do
+    // sources whose rows must then have the same address modulo 16.
+    Layout(const Case& c, Size size, bool offset);
+
+    Descriptor at(uint8_t* memory) const;
+    // Bytes of the rows that are read and written. Reducing modes skip lines but no bytes of one.
+    size_t bytesMoved() const { return moved; }
+    // Room for the planes, or to copy half of those bytes from one page boundary to another.
+    size_t memoryBytes() const { return std::max(end, 2 * toPage(moved / 2)); }
+
+private:
+    size_t place(size_t bytes, bool offset);
+
+    Descriptor descriptor{};
+    size_t src, srcAlpha, dst, dstAlpha, end = 0, moved;
+};
+
+}  // namespace bench

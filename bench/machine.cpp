@@ -1,0 +1,64 @@
+// Linux's ways to learn about the machine.
+#include "machine.hpp"
+
+#include <sched.h>
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <new>
+#include <utility>
+
+namespace bench {
+
+bool pinTo(int core) {
+    if (core < 0)
+        core = sched_getcpu();
+    cpu_set_t set;
+    CPU_ZERO(&set);
+    CPU_SET(core, &set);
+    return sched_setaffinity(0, sizeof set, &set) == 0;
+}
+
+std::string processorName() {
+    std::ifstream info("/proc/cpuinfo");
+    for (std::string line; std::getline(info, line);)
+        if (line.starts_with("model name"))
+            return line.substr(line.find(':') + 2);
+    return "unknown processor";
+}
+
+size_t cacheBytes() {
+    // sysconf() adds up the caches of cores that are not there in some virtual machines.
+    std::ifstream info("/sys/devices/system/cpu/cpu0/cache/index3/size");
+    size_t kilobytes = 0;
+    info >> kilobytes;
+    return (kilobytes > 0 ? kilobytes : 32768) * 1024;
+}
+
+Ring::Ring() : size(std::max<size_t>(size_t(256) << 20, 8 * cacheBytes())) {
+    void* const pages =
+        mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (pages == MAP_FAILED)
+        throw std::bad_alloc();
+    memory = static_cast<uint8_t*>(pages);
+    uint64_t noise = 1;
+    for (size_t i = 0; i < size; i += sizeof noise) {
+        noise = noise * 6364136223846793005u + 1442695040888963407u;
+        const uint64_t mixed = noise ^ noise >> 32;
+        memcpy(memory + i, &mixed, sizeof mixed);
+    }
+}
+
+Ring::~Ring() { munmap(memory, size); }
+
+uint8_t* Ring::next(size_t slotBytes, bool reuse) {
+    if (reuse)
+        return memory;
+    if (position + slotBytes > size)
+        position = 0;
+    return memory + std::exchange(position, position + slotBytes);
+}
+
+}  // namespace bench

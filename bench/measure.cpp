@@ -1,0 +1,59 @@
+// The timing loop.
+#include "measure.hpp"
+
+#include <algorithm>
+#include <ctime>
+
+namespace bench {
+
+const char* label(Form form) {
+    return form == Form::fast ? "fast" : form == Form::offset ? "general" : "general 1922";
+}
+
+// Processor time of this thread in nanoseconds: other programs' turns do not count.
+static double now() {
+    timespec time;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e9 + double(time.tv_nsec);
+}
+
+void measure(std::span<Competitor> competitors, Size size, Ring& ring, const Method& method) {
+    const bool reuse = method.warm || size == inCache;
+    size_t slot = 0;
+    for (const Competitor& competitor : competitors)
+        slot = std::max(slot, competitor.layout.memoryBytes());
+
+    for (int round = 0; round < method.rounds; ++round) {
+        for (Competitor& c : competitors) {
+            const auto call = [&] { c.convert(c.layout.at(ring.next(slot, reuse))); };
+            c.prepare();
+            // Until the cache holds nothing but its own lines: it writes back those that others
+            // left modified, and others write back its.
+            const size_t moved = c.layout.bytesMoved();
+            const size_t lead = reuse ? 1 : (cacheBytes() + moved - 1) / moved;
+            for (size_t i = 0; i < lead; ++i)
+                call();
+            // Long enough for the clock.
+            const size_t calls = std::max<size_t>(1, (size_t(4) << 20) / moved);
+            const double begin = now();
+            for (size_t i = 0; i < calls; ++i)
+                call();
+            c.samples.push_back((now() - begin) / double(calls) / c.size.width / c.size.height);
+        }
+    }
+}
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + ptrdiff_t(values.size() / 2);
+    std::ranges::nth_element(values, middle);
+    return *middle;
+}
+
+double ratio(const Competitor& ours, const Competitor& theirs) {
+    std::vector<double> ratios(ours.samples);
+    for (size_t i = 0; i < ratios.size(); ++i)
+        ratios[i] /= theirs.samples[i];
+    return median(ratios);
+}
+
+}  // namespace bench

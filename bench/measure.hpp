@@ -1,0 +1,46 @@
+// Measures what competes over one picture: kernels of several tables, memory and peers.
+#pragma once
+
+#include "cases.hpp"
+#include "machine.hpp"
+
+#include <functional>
+#include <span>
+
+namespace bench {
+
+// How a frame lies in memory, which chooses between fast and general kernels.
+enum class Form {
+    fast,      // rows aligned and of whole blocks
+    offset,    // destination rows 8 bytes behind a 16-byte boundary
+    unevenly,  // 1922 pixels wide instead of 1920: rows begin and end anywhere
+};
+
+const char* label(Form form);
+
+struct Competitor {
+    std::string name;  // of a table of kernels or a peer
+    bool streaming;
+    Form form;
+    Size size;
+    Layout layout;
+    std::function<void()> prepare;  // not timed, before each run of timed calls
+    std::function<void(const Descriptor&)> convert;
+    std::vector<double> samples{};  // nanoseconds per pixel, one of each round
+};
+
+struct Method {
+    bool warm = false;  // one frame that stays in the cache instead of a ring of frames
+    int rounds = 15;
+};
+
+// Fills in the samples. Every round measures each competitor once, so that a disturbance hits all
+// alike and samples of the same round can be compared.
+void measure(std::span<Competitor> competitors, Size size, Ring& ring, const Method& method);
+
+double median(std::vector<double> values);
+
+// The median of the rounds' ratios.
+double ratio(const Competitor& ours, const Competitor& theirs);
+
+}  // namespace bench
