@@ -12,12 +12,12 @@ void callWithStack(uint32_t past, const Export& conversion, const OrvaConversion
     void* keptStack;
     asm volatile("movl %%esp, %0\n\t"
                  "andl $-64, %%esp\n\t"
-                 "subl %2, %%esp\n\t"
-                 "pushl %3\n\t"
-                 "call *%1\n\t"
+                 "subl %3, %%esp\n\t"
+                 "pushl %1\n\t"
+                 "call *%2\n\t"
                  "movl %0, %%esp"
-                 : "=&b"(keptStack)
-                 : "S"(conversion.call), "D"(16 - past), "a"(d)
+                 : "=&b"(keptStack), "+a"(d)
+                 : "S"(conversion.call), "D"(16 - past)
                  : "ecx", "edx", "memory", "cc");
 }
 

@@ -50,13 +50,20 @@ uint32_t rowBytes(const Export& conversion, const Format& format, uint32_t width
     return format.bytesPerPixel() * (pairs ? width & ~1u : width);
 }
 
-// How far from its first row a plane can reach in either direction. Modes read up to four pixels
-// for one, write two, and step over up to eight lines from row to row.
-size_t reachOf(const Descriptor& d, int32_t gap, int32_t pitch) {
-    const bool mode = d.kernelMode >= 1 && d.kernelMode <= 3;
-    const size_t row = (mode ? 16 : 4) * d.dstWidth + 16 + size_t(std::abs(gap));
+// How far from its first row an image's main plane, and the chroma plane behind it, can reach in
+// either direction. Modes read up to four pixels for one, write two, and step over up to eight
+// lines from row to row.
+size_t reachOf(const Descriptor& d, const Format& format, int32_t gap, int32_t pitch) {
+    const size_t planes = format.isSemiPlanar() ? 2 : 1;
     const size_t lines = std::max(d.srcHeight, d.dstHeight) + 1;
-    return lines * (2 * row + (mode ? 10 * size_t(std::abs(pitch)) : 0));
+    const size_t row = format.bytesPerPixel() * d.dstWidth + 16 + size_t(std::abs(gap));
+    if (d.kernelMode >= 1 && d.kernelMode <= 3)
+        return lines * (8 * row + 10 * size_t(std::abs(pitch)));
+    return lines * planes * row;
+}
+
+size_t reachOfAlpha(const Descriptor& d, int32_t gap) {
+    return (d.srcHeight + 1) * (d.dstWidth + size_t(std::abs(gap)));
 }
 
 bool isNamed(const Export& conversion, std::initializer_list<std::string_view> pairs) {
@@ -200,14 +207,14 @@ bool agree(const Export& conversion, const Shape& shape, const Descriptor& optio
     d.srcPlane2Pitch = int32_t(shape.width) + shape.srcAlphaGap;
     d.dstPlane2Pitch = shape.dstAlphaPitch.value_or(int32_t(shape.width) + shape.dstAlphaGap);
 
-    const auto reach = [&](int32_t gap, int32_t pitch) { return reachOf(d, gap, pitch); };
     Layout sources, destinations;
-    const size_t src = sources.place(shape.srcOffset, reach(d.srcRowGap, d.srcPitch));
-    const size_t srcAlpha =
-        sources.place(shape.srcAlphaOffset, reach(d.srcPlane2RowGap, d.srcPlane2Pitch));
-    const size_t dst = destinations.place(shape.dstOffset, reach(d.dstRowGap, d.dstPitch));
+    const size_t src =
+        sources.place(shape.srcOffset, reachOf(d, conversion.source, d.srcRowGap, d.srcPitch));
+    const size_t srcAlpha = sources.place(shape.srcAlphaOffset, reachOfAlpha(d, d.srcPlane2RowGap));
+    const size_t dst = destinations.place(
+        shape.dstOffset, reachOf(d, conversion.destination, d.dstRowGap, d.dstPitch));
     const size_t dstAlpha =
-        destinations.place(shape.dstAlphaOffset, reach(d.dstPlane2RowGap, d.dstPlane2Pitch));
+        destinations.place(shape.dstAlphaOffset, reachOfAlpha(d, d.dstPlane2RowGap));
 
     const auto source = sourceArena.ofSize(sources.end());
     const auto pristine = pristineArena.ofSize(sources.end());
@@ -232,11 +239,12 @@ bool agree(const Export& conversion, const Shape& shape, const Descriptor& optio
     EXPECT_TRUE(reference::convert(conversion.name, d));
 
     EXPECT_EQ(memcmp(source.data(), pristine.data(), source.size()), 0) << "the source changed";
+    // Without branches, so that the loop over all of memory is fast.
     const auto differs = [&](size_t i) {
-        return (library[i] != model[i]) &
-               ((library[i] != poison[i]) | (model[i] != uint8_t(~poison[i])));
+        const int touched = int(library[i] != poison[i]) | int(model[i] != uint8_t(~poison[i]));
+        return int(library[i] != model[i]) & touched;
     };
-    bool anyDiffers = false;
+    int anyDiffers = 0;
     for (size_t i = 0; i < library.size(); ++i)
         anyDiffers |= differs(i);
     for (size_t i = 0; anyDiffers; ++i) {
