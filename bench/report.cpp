@@ -122,7 +122,7 @@ void writeChart(std::ostream& out, const std::vector<Row>& rows) {
     };
     const Bar bars[] = {
         {bestTable(), "#1b6ca8"}, {libyuvName, "#e0a030"}, {swscaleName, "#b0b0b0"}};
-    constexpr int left = 250, unit = 180, longest = 4, bar = 7, gap = 4, top = 40;
+    constexpr int left = 250, unit = 180, longest = 4, bar = 9, gap = 4, top = 40;
     std::string body;
     int y = top;
     for (const Row& row : rows) {
@@ -137,8 +137,8 @@ void writeChart(std::ostream& out, const std::vector<Row>& rows) {
             const double shown = std::min<double>(times, longest);
             body += text("<rect x='%d' y='%d' width='%.1f' height='%d' fill='%s'/>"
                          "<text x='%.1f' y='%d'>%.2f</text>\n",
-                         left, y, shown * unit, bar, kind.colour, left + shown * unit + 3, y + bar,
-                         times);
+                         left, y, shown * unit, bar, kind.colour, left + shown * unit + 3,
+                         y + bar - 1, times);
             y += bar;
         }
         body += text("<text x='%d' y='%d' text-anchor='end'>%s</text>\n", left - 6,
@@ -155,9 +155,9 @@ void writeChart(std::ostream& out, const std::vector<Row>& rows) {
         out << text("<rect x='%zu' y='22' width='10' height='10' fill='%s'/>"
                     "<text x='%zu' y='30' font-size='10'>%s</text>\n",
                     10 + 80 * i, bars[i].colour, 24 + 80 * i, bars[i].name);
-    out << body
-        << text("<line x1='%d' y1='%d' x2='%d' y2='%d' stroke='black'/>\n</svg>\n", left + unit,
-                top - 4, left + unit, y);
+    out << text("<line x1='%d' y1='%d' x2='%d' y2='%d' stroke='black'/>\n", left + unit, top - 4,
+                left + unit, y)
+        << body << "</svg>\n";
 }
 
 }  // namespace bench
