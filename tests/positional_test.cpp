@@ -20,7 +20,8 @@ void call(void(ORVA_CALL*)(const OrvaConversionDescriptor*), const void*, void*,
 
 TEST(Positional, NothingIsWritten) {
     alignas(64) uint8_t src[4096] = {}, dst[4096], kept[4096];
-    std::ranges::copy(test::runs(sizeof dst, *std::make_unique<test::Random>(5)), dst);
+    test::Random random(5);
+    std::ranges::copy(test::runs(sizeof dst, random), dst);
     memcpy(kept, dst, sizeof dst);
     for (const int32_t pitch : {64, 96, 33, 0, -128}) {
         for (const int offset : {0, 3}) {

@@ -23,41 +23,35 @@ template <int scale, class V> ORVA_INLINE V highBytes(V words) {
         return shiftRight16<8 - scale>(words) & V::all16(0xFF << scale);
 }
 
-struct Uyvy {
+template <bool lumaIsHigh> struct WordLayout {
     template <int scale, class V> ORVA_INLINE static V luma(V words) {
-        return highBytes<scale>(words);
+        return lumaIsHigh ? highBytes<scale>(words) : lowBytes<scale>(words);
     }
     template <int scale, class V> ORVA_INLINE static V chroma(V words) {
-        return lowBytes<scale>(words);
+        return lumaIsHigh ? lowBytes<scale>(words) : highBytes<scale>(words);
     }
+
     template <class V> ORVA_INLINE static V join(V luma, V chroma) {
-        return chroma | shiftLeft16<8>(luma);
+        return low(luma, chroma) | shiftLeft16<8>(high(luma, chroma));
     }
     template <class V> ORVA_INLINE static V interleaveLow(V luma, V chroma) {
-        return unpackLow8(chroma, luma);
+        return unpackLow8(low(luma, chroma), high(luma, chroma));
     }
     template <class V> ORVA_INLINE static V interleaveHigh(V luma, V chroma) {
-        return unpackHigh8(chroma, luma);
+        return unpackHigh8(low(luma, chroma), high(luma, chroma));
+    }
+
+private:
+    template <class V> ORVA_INLINE static V low(V luma, V chroma) {
+        return lumaIsHigh ? chroma : luma;
+    }
+    template <class V> ORVA_INLINE static V high(V luma, V chroma) {
+        return lumaIsHigh ? luma : chroma;
     }
 };
 
-struct Yuyv {
-    template <int scale, class V> ORVA_INLINE static V luma(V words) {
-        return lowBytes<scale>(words);
-    }
-    template <int scale, class V> ORVA_INLINE static V chroma(V words) {
-        return highBytes<scale>(words);
-    }
-    template <class V> ORVA_INLINE static V join(V luma, V chroma) {
-        return luma | shiftLeft16<8>(chroma);
-    }
-    template <class V> ORVA_INLINE static V interleaveLow(V luma, V chroma) {
-        return unpackLow8(luma, chroma);
-    }
-    template <class V> ORVA_INLINE static V interleaveHigh(V luma, V chroma) {
-        return unpackHigh8(luma, chroma);
-    }
-};
+using Uyvy = WordLayout<true>;
+using Yuyv = WordLayout<false>;
 
 // The words are (Cb, Cr) and (Y, Y); with the two middle bytes exchanged they are those of UYVY16I.
 struct Uvyy {
