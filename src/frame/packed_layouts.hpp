@@ -23,6 +23,7 @@ template <int scale, class V> ORVA_INLINE V highBytes(V words) {
         return shiftRight16<8 - scale>(words) & V::all16(0xFF << scale);
 }
 
+// UYVY16I, with luma in the high byte of each word, and YUYV16I, with luma in the low one.
 template <bool lumaIsHigh> struct WordLayout {
     template <int scale, class V> ORVA_INLINE static V luma(V words) {
         return lumaIsHigh ? highBytes<scale>(words) : lowBytes<scale>(words);
