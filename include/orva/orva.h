@@ -47,9 +47,8 @@ extern "C" {
  * Widths count pixels, heights count rows, pitches and row gaps count bytes. Both images have
  * dstWidth columns; rows come from srcHeight. A conversion walks each plane with a running pointer:
  * it converts a row and then adds the plane's row gap, so a row gap is the plane's pitch minus the
- * bytes that the row took. Pitches never move a row: they select
- * kernels, place the second plane of Y8PUV8I, and address line pairs and doubled lines in kernel
- * modes.
+ * bytes that the row took. Pitches never move a row: they select kernels, place the second plane of
+ * Y8PUV8I, and address line pairs and doubled lines in kernel modes.
  */
 typedef struct OrvaConversionDescriptor {
     const void* srcData;   /* first byte of the source's (main or luma) plane */
