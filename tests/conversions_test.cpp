@@ -7,8 +7,8 @@ namespace {
 
 struct Conversions : testing::TestWithParam<Export> {};
 
-// Every width past two blocks, every destination address modulo 16, both kinds of stores, pitches
-// that agree with the rows and pitches that do not; the rest at random.
+// Every width past two blocks, every destination address modulo 16, some modulo 64, both kinds of
+// stores, pitches that agree with the rows and pitches that do not; the rest at random.
 TEST_P(Conversions, EveryWidthAndAddress) {
     withEveryTable([] {
         Random random(1);
@@ -19,7 +19,7 @@ TEST_P(Conversions, EveryWidthAndAddress) {
                 Shape shape = randomShape(random);
                 shape.width = width;
                 shape.height = 3;
-                shape.dstOffset = variant / 2 % 16;
+                shape.dstOffset = variant / 2 % 16 + 16 * pick(random, 4);
                 if (variant < 32)
                     shape.srcPitch = shape.dstPitch = shape.dstAlphaPitch = 96;
                 keepContract(GetParam(), shape);
@@ -46,7 +46,9 @@ int32_t modesOf(const Export& conversion) {
 // Every row makes two lines of twice its width, and nothing may overlap.
 void makeRoomForDoubledPicture(const Export& conversion, Shape& shape, Random& random) {
     const int32_t row = int32_t((shape.width & ~1u) * conversion.destination.bytesPerPixel());
-    const int32_t pitch = 2 * row + int32_t(pick(random, 40));
+    int32_t pitch = 2 * row + int32_t(pick(random, 40));
+    if (pick(random, 2) == 0)
+        pitch = (pitch + 63) / 64 * 64;
     shape.dstPitch = pick(random, 2) == 0 ? pitch : -pitch;
     shape.dstGap = *shape.dstPitch - row;
     shape.linesBelow = shape.height + pick(random, 2);

@@ -2,6 +2,8 @@
 // moving alpha between planes and the fourth bytes of BGR32I.
 #include "alpha/kernels.hpp"
 
+#include <type_traits>
+
 #include "alpha/planes.hpp"
 #include "frame/move.hpp"
 #include "rgb/repack.hpp"
@@ -14,13 +16,14 @@ struct Copy {
         // The general kernel loads its source aligned only if it stores with ordinary stores. Hosts
         // rely on the streaming one taking any source.
         using Loads = std::conditional_t<!fast && Stores::streaming, UnalignedLoads, AlignedLoads>;
-        walkRows<fast, Stores>(MoveJob<AlphaBytes, Unchanged, Loads>(d), d.srcHeight, d.dstWidth);
+        walkRows<fast, Stores>(MoveJob<AlphaBytes, Unchanged, Loads>(d), d);
     }
 };
 
 struct FillJob {
     static constexpr uint32_t unitPixels = 1;
     static constexpr uint32_t blockPixels = 32;
+    static constexpr uint32_t streamedPixelBytes = 1;
 
     DestinationPointer dst;
     Wide alpha;
@@ -29,15 +32,15 @@ struct FillJob {
         : dst(mainDestination(d)), alpha(Wide::all8(uint8_t(d.alphaValue))) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<1>(dst); }
-    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+    ORVA_INLINE uint8_t* streamed() const { return dst.ifStreamable(); }
 
-    template <class V, class Stores> ORVA_INLINE void blocks() {
-        Stores::put(constant<V>(alpha), dst);
-        Stores::put(constant<V>(alpha), dst + V::bytes);
+    template <class V, class Stores> ORVA_INLINE void blocks(Stores stores) {
+        stores.put(constant<V>(alpha), dst);
+        stores.put(constant<V>(alpha), dst + V::bytes);
         dst += 2 * V::bytes;
     }
 
-    template <class Stores> ORVA_INLINE void unit() {
+    ORVA_INLINE void unit() {
         *dst = uint8_t(alpha.firstLane().low32());
         dst += 1;
     }
@@ -47,7 +50,7 @@ struct FillJob {
 
 struct Fill {
     template <bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(FillJob(d), d.srcHeight, d.dstWidth);
+        walkRows<fast, Stores>(FillJob(d), d);
     }
 };
 

@@ -44,15 +44,18 @@ template <class V> ORVA_INLINE V fourthBytes(const Pixels16<V>& pixels) {
 // Fourth bytes to the destination's main plane, which is the whole destination.
 class AlphaWriter {
 public:
+    static constexpr uint32_t streamedPixelBytes = 1;
+
     ORVA_INLINE explicit AlphaWriter(const Descriptor& d) : dst(mainDestination(d)) {}
 
     template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
         return unitsToBoundary<unitPixels>(dst);
     }
-    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+    ORVA_INLINE uint8_t* streamed() const { return dst.ifStreamable(); }
 
-    template <class Stores, class V> ORVA_INLINE void put(const Pixels16<V>& pixels) {
-        Stores::put(fourthBytes(pixels), dst);
+    template <class Stores, class V>
+    ORVA_INLINE void put(Stores stores, const Pixels16<V>& pixels) {
+        stores.put(fourthBytes(pixels), dst);
         dst += V::bytes;
     }
     ORVA_INLINE void putPixel(uint32_t pixel) {
@@ -68,16 +71,19 @@ private:
 // Colour to a BGR24I main plane, fourth bytes to the alpha plane beside it.
 class Bgr24AndAlphaWriter {
 public:
+    static constexpr uint32_t streamedPixelBytes = Bgr24Writer::streamedPixelBytes;
+
     ORVA_INLINE explicit Bgr24AndAlphaWriter(const Descriptor& d)
         : colour(d), alpha(alphaDestination(d)) {}
 
     template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
         return colour.head<unitPixels>();
     }
-    ORVA_INLINE bool streamable() const { return colour.streamable(); }
+    ORVA_INLINE uint8_t* streamed() const { return colour.streamed(); }
 
-    template <class Stores, class V> ORVA_INLINE void put(const Pixels16<V>& pixels) {
-        colour.put<Stores>(pixels);
+    template <class Stores, class V>
+    ORVA_INLINE void put(Stores stores, const Pixels16<V>& pixels) {
+        colour.put(stores, pixels);
         // Nothing brings the alpha plane of a general kernel to a boundary, and no export tests it.
         fourthBytes(pixels).store(alpha);
         alpha += V::bytes;

@@ -17,16 +17,29 @@ struct UnalignedLoads {
 
 struct OrdinaryStores {
     static constexpr bool streaming = false;
-    template <class V> ORVA_INLINE static void put(V value, uint8_t* p) { value.store(p); }
+    template <class V> ORVA_INLINE void put(V value, uint8_t* p) const { value.store(p); }
 };
 
 // Past the cache, 16 bytes at a time whatever the width of the vectors, because a destination row
 // is only promised to be 16-byte aligned.
 struct StreamingStores {
     static constexpr bool streaming = true;
-    template <class V> ORVA_INLINE static void put(V value, uint8_t* p) { value.stream(p); }
+    template <class V> ORVA_INLINE void put(V value, uint8_t* p) const { value.stream(p); }
 };
 
-ORVA_INLINE bool isAligned16(const void* p) { return reinterpret_cast<uintptr_t>(p) % 16 == 0; }
+// Past the cache from one address to another, ordinary before and behind.
+struct StreamingBetween {
+    const uint8_t *first, *last;
+    ORVA_INLINE void put(Vec128 value, uint8_t* p) const {
+        if (p >= first && p < last)
+            value.stream(p);
+        else
+            value.store(p);
+    }
+};
+
+template <unsigned multiple> ORVA_INLINE bool isAligned(const void* p) {
+    return reinterpret_cast<uintptr_t>(p) % multiple == 0;
+}
 
 }  // namespace orva::ORVA_ISA

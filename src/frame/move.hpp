@@ -2,8 +2,6 @@
 // within four bytes.
 #pragma once
 
-#include <type_traits>
-
 #include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
 
@@ -39,6 +37,7 @@ template <class Format, class Order, class Loads> struct MoveJob {
     static constexpr uint32_t unitPixels = Format::unitPixels;
     static constexpr uint32_t blockPixels = Format::blockPixels;
     static constexpr uint32_t blockBytes = blockPixels / unitPixels * Format::unitBytes;
+    static constexpr uint32_t streamedPixelBytes = Format::unitBytes / unitPixels;
 
     SourcePointer src;
     DestinationPointer dst;
@@ -47,23 +46,18 @@ template <class Format, class Order, class Loads> struct MoveJob {
         : src(mainSource(d)), dst(mainDestination(d)) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<Format::unitBytes>(dst); }
-    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+    ORVA_INLINE uint8_t* streamed() const { return dst.ifStreamable(); }
 
-    template <class V, class Stores> ORVA_INLINE void blocks() {
+    template <class V, class Stores> ORVA_INLINE void blocks(Stores stores) {
         for (uint32_t i = 0; i < blockBytes * V::lanes; i += V::bytes)
-            Stores::put(Order::apply(Loads::template get<V>(src + i)), dst + i);
+            stores.put(Order::apply(Loads::template get<V>(src + i)), dst + i);
         src += blockBytes * V::lanes;
         dst += blockBytes * V::lanes;
     }
 
-    template <class Stores> ORVA_INLINE void unit() {
+    ORVA_INLINE void unit() {
         if constexpr (Format::unitBytes == 4) {
-            const Vec128 moved = Order::apply(Vec128::load4(src));
-            // Only copies stream their row ends too.
-            if constexpr (Stores::streaming && std::is_same_v<Order, Unchanged>)
-                stream4(dst, moved.low32());
-            else
-                moved.store4(dst);
+            Order::apply(Vec128::load4(src)).store4(dst);
         } else {
             for (uint32_t i = 0; i < Format::unitBytes; ++i)
                 dst[i] = src[i];
@@ -81,7 +75,7 @@ template <class Format, class Order, class Loads> struct MoveJob {
 // A conversion that moves bytes, with the same kind of loads in all its forms.
 template <class Format, class Order, class Loads> struct Move {
     template <bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(MoveJob<Format, Order, Loads>(d), d.srcHeight, d.dstWidth);
+        walkRows<fast, Stores>(MoveJob<Format, Order, Loads>(d), d);
     }
 };
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "frame/kernel.hpp"
-#include "simd/vector.hpp"
+#include "frame/memory_access.hpp"
 
 namespace orva::ORVA_ISA {
 
@@ -14,6 +14,9 @@ public:
     ORVA_INLINE operator Byte*() const { return at; }
     ORVA_INLINE void operator+=(ptrdiff_t bytes) { at += bytes; }
     ORVA_INLINE void endRow() { at += rowGap; }
+
+    // Itself, or null where streaming stores would fault.
+    ORVA_INLINE Byte* ifStreamable() const { return isAligned<16>(at) ? at : nullptr; }
 
     // Of the chroma plane that lies behind this luma plane and moves by the same gap.
     ORVA_INLINE RunningPointer chromaPlane(int32_t pitch, uint32_t height) const {

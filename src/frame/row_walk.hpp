@@ -4,10 +4,11 @@
 //
 //     unitPixels                 pixels of a unit, the least it can convert: 1, or 2 for 4:2:2
 //     blockPixels                pixels of a block, the least it can convert with whole vectors
+//     streamedPixelBytes         bytes of a pixel that can be streamed, 0 if none can
+//     streamed()                 where the next block streams them, null if they cannot be here
 //     head()                     units from the destination pointer to the first 16-byte boundary
-//     streamable()               whether a block at the destination pointer can be streamed
-//     blocks<V, Stores>()        converts V::lanes blocks and moves on
-//     unit<Stores>()             converts one unit and moves on
+//     blocks<V>(stores)          converts V::lanes blocks and moves on
+//     unit()                     converts one unit and moves on
 //     endRow()                   adds the row gaps
 //
 // The fast walk knows whole blocks only: what is left of a row is not touched, and the pointers do
@@ -20,18 +21,58 @@
 
 namespace orva::ORVA_ISA {
 
-template <class Stores, class Job> ORVA_INLINE void convertBlocks(Job& job, uint32_t count) {
-    for (; count >= Wide::lanes; count -= Wide::lanes)
-        job.template blocks<Wide, Stores>();
+template <class Job, class Stores>
+ORVA_INLINE void convertWith(Stores stores, Job& job, size_t blocks) {
+    for (; blocks >= Wide::lanes; blocks -= Wide::lanes)
+        job.template blocks<Wide>(stores);
     if constexpr (Wide::lanes > 1)
-        for (; count > 0; --count)
-            job.template blocks<Vec128, Stores>();
+        for (; blocks > 0; --blocks)
+            job.template blocks<Vec128>(stores);
 }
 
-template <class Stores, class Job>
-ORVA_INLINE void walkWholeBlocks(Job job, uint32_t rows, uint32_t width) {
+// Streams whole cache lines only. A line that is partly written past the cache costs a transfer to
+// memory of its own, and one that is also written through the cache costs several.
+template <class Job> ORVA_INLINE void convertStreaming(Job& job, size_t blocks) {
+    constexpr size_t line = 64, blockBytes = Job::blockPixels * Job::streamedPixelBytes;
+    static_assert(blockBytes <= line);
+    const uint8_t* const begin = job.streamed();
+    const size_t toLine = -reinterpret_cast<uintptr_t>(begin) % line;
+    if (begin == nullptr || blocks * blockBytes < toLine + line) {
+        convertWith(OrdinaryStores(), job, blocks);
+        return;
+    }
+    const size_t lines = (blocks * blockBytes - toLine) / line * line;
+    const StreamingBetween stores{begin + toLine, begin + toLine + lines};
+    const size_t lead = (toLine + blockBytes - 1) / blockBytes;
+    const size_t whole = (toLine + lines) / blockBytes;
+    for (size_t i = 0; i < lead; ++i)
+        job.template blocks<Vec128>(stores);
+    convertWith(StreamingStores(), job, whole - lead);
+    for (size_t i = whole; i < blocks; ++i)
+        job.template blocks<Vec128>(stores);
+}
+
+template <class Stores, class Job> ORVA_INLINE void convertBlocks(Job& job, size_t blocks) {
+    if constexpr (Stores::streaming && Job::streamedPixelBytes > 0)
+        convertStreaming(job, blocks);
+    else
+        convertWith(OrdinaryStores(), job, blocks);
+}
+
+// Rows without gaps are one long row to a walk over whole blocks. Gaps of planes that a conversion
+// does not have may count too, since hosts leave them zero.
+ORVA_INLINE bool hasRowGaps(const Descriptor& d) {
+    return (d.srcRowGap | d.dstRowGap | d.srcPlane2RowGap | d.dstPlane2RowGap) != 0;
+}
+
+template <class Stores, class Job> ORVA_INLINE void walkWholeBlocks(Job job, const Descriptor& d) {
+    size_t rows = d.srcHeight, blocks = d.dstWidth / Job::blockPixels;
+    if (!hasRowGaps(d)) {
+        blocks *= rows;
+        rows = 1;
+    }
     for (; rows > 0; --rows) {
-        convertBlocks<Stores>(job, width / Job::blockPixels);
+        convertBlocks<Stores>(job, blocks);
         job.endRow();
     }
 }
@@ -42,24 +83,20 @@ ORVA_INLINE void walkAnyWidth(Job job, uint32_t rows, uint32_t width, uint32_t n
         const uint32_t head = width < narrow ? width / Job::unitPixels : job.head();
         const uint32_t behindHead = width - head * Job::unitPixels;
         for (uint32_t i = 0; i < head; ++i)
-            job.template unit<Stores>();
-        // A row that its units cannot bring to a 16-byte boundary is stored with ordinary stores.
-        if (!Stores::streaming || job.streamable())
-            convertBlocks<Stores>(job, behindHead / Job::blockPixels);
-        else
-            convertBlocks<OrdinaryStores>(job, behindHead / Job::blockPixels);
+            job.unit();
+        convertBlocks<Stores>(job, behindHead / Job::blockPixels);
         for (uint32_t i = behindHead % Job::blockPixels / Job::unitPixels; i > 0; --i)
-            job.template unit<Stores>();
+            job.unit();
         job.endRow();
     }
 }
 
 template <bool fast, class Stores, class Job>
-ORVA_INLINE void walkRows(const Job& job, uint32_t rows, uint32_t width) {
+ORVA_INLINE void walkRows(const Job& job, const Descriptor& d) {
     if constexpr (fast)
-        walkWholeBlocks<Stores>(job, rows, width);
+        walkWholeBlocks<Stores>(job, d);
     else
-        walkAnyWidth<Stores>(job, rows, width);
+        walkAnyWidth<Stores>(job, d.srcHeight, d.dstWidth);
 }
 
 // Units of unitBytes from p to the first 16-byte boundary. Units of 3 and 6 bytes reach it after

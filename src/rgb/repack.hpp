@@ -10,6 +10,7 @@ namespace orva::ORVA_ISA {
 template <class Reader, class Writer> struct RepackJob {
     static constexpr uint32_t unitPixels = 1;
     static constexpr uint32_t blockPixels = 16;
+    static constexpr uint32_t streamedPixelBytes = Writer::streamedPixelBytes;
 
     Reader reader;
     Writer writer;
@@ -17,13 +18,13 @@ template <class Reader, class Writer> struct RepackJob {
     ORVA_INLINE explicit RepackJob(const Descriptor& d) : reader(d), writer(d) {}
 
     ORVA_INLINE uint32_t head() const { return writer.template head<unitPixels>(); }
-    ORVA_INLINE bool streamable() const { return writer.streamable(); }
+    ORVA_INLINE uint8_t* streamed() const { return writer.streamed(); }
 
-    template <class V, class Stores> ORVA_INLINE void blocks() {
-        writer.template put<Stores>(reader.template take16<V>());
+    template <class V, class Stores> ORVA_INLINE void blocks(Stores stores) {
+        writer.put(stores, reader.template take16<V>());
     }
 
-    template <class Stores> ORVA_INLINE void unit() { writer.putPixel(reader.takePixel()); }
+    ORVA_INLINE void unit() { writer.putPixel(reader.takePixel()); }
 
     ORVA_INLINE void endRow() {
         reader.endRow();
@@ -33,7 +34,7 @@ template <class Reader, class Writer> struct RepackJob {
 
 template <class Reader, class Writer> struct Repack {
     template <bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(RepackJob<Reader, Writer>(d), d.srcHeight, d.dstWidth);
+        walkRows<fast, Stores>(RepackJob<Reader, Writer>(d), d);
     }
 };
 

@@ -12,23 +12,25 @@ class Bgr32Writer {
 public:
     // What a colour conversion, which works on 8 pixels at a time, has to convert for one put.
     static constexpr uint32_t colourBlock = 8;
+    static constexpr uint32_t streamedPixelBytes = 4;
 
     ORVA_INLINE explicit Bgr32Writer(const Descriptor& d) : dst(mainDestination(d)) {}
 
     template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
         return unitsToBoundary<4 * unitPixels>(dst);
     }
-    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+    ORVA_INLINE uint8_t* streamed() const { return dst.ifStreamable(); }
 
-    template <class Stores, class V> ORVA_INLINE void put(const Pixels8<V>& pixels) {
-        Stores::put(pixels.a, dst);
-        Stores::put(pixels.b, dst + V::bytes);
+    template <class Stores, class V> ORVA_INLINE void put(Stores stores, const Pixels8<V>& pixels) {
+        stores.put(pixels.a, dst);
+        stores.put(pixels.b, dst + V::bytes);
         dst += 2 * V::bytes;
     }
 
-    template <class Stores, class V> ORVA_INLINE void put(const Pixels16<V>& pixels) {
-        put<Stores>(Pixels8<V>{pixels.a, pixels.b});
-        put<Stores>(Pixels8<V>{pixels.c, pixels.d});
+    template <class Stores, class V>
+    ORVA_INLINE void put(Stores stores, const Pixels16<V>& pixels) {
+        put(stores, Pixels8<V>{pixels.a, pixels.b});
+        put(stores, Pixels8<V>{pixels.c, pixels.d});
     }
 
     ORVA_INLINE void putPair(Vec128 pixels) {
@@ -51,19 +53,21 @@ private:
 class Bgr24Writer {
 public:
     static constexpr uint32_t colourBlock = 16;
+    static constexpr uint32_t streamedPixelBytes = 3;
 
     ORVA_INLINE explicit Bgr24Writer(const Descriptor& d) : dst(mainDestination(d)) {}
 
     template <uint32_t unitPixels> ORVA_INLINE uint32_t head() const {
         return unitsToBoundary<3 * unitPixels>(dst);
     }
-    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+    ORVA_INLINE uint8_t* streamed() const { return dst.ifStreamable(); }
 
-    template <class Stores, class V> ORVA_INLINE void put(const Pixels16<V>& pixels) {
+    template <class Stores, class V>
+    ORVA_INLINE void put(Stores stores, const Pixels16<V>& pixels) {
         const Packed24<V> packed = pack24(pixels.a, pixels.b, pixels.c, pixels.d);
-        Stores::put(packed.first, dst);
-        Stores::put(packed.second, dst + V::bytes);
-        Stores::put(packed.third, dst + 2 * V::bytes);
+        stores.put(packed.first, dst);
+        stores.put(packed.second, dst + V::bytes);
+        stores.put(packed.third, dst + 2 * V::bytes);
         dst += 3 * V::bytes;
     }
 

@@ -23,21 +23,27 @@ template <class V> ORVA_INLINE EnlargedWords<V> enlarged(const YuvWords<V>& samp
 
 template <class Layout> class EnlargingPackedWriter {
 public:
+    static constexpr uint32_t streamedPixelBytes = 4;
+
     ORVA_INLINE explicit EnlargingPackedWriter(const Descriptor& d)
         : dst(mainDestination(d)), pitch(d.dstPitch) {}
 
     // As for 4 bytes per pair, although there are 8.
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
-    ORVA_INLINE bool streamable() const { return isAligned16(dst) && isAligned16(dst + pitch); }
+    // Cache lines have to begin and end alike on both lines of the picture.
+    ORVA_INLINE uint8_t* streamed() const {
+        return isAligned<64>(dst) && pitch % 64 == 0 ? dst.ifStreamable() : nullptr;
+    }
 
-    template <class Stores, class V> ORVA_INLINE void put(const YuvWords<V>& samples) {
+    template <class Stores, class V>
+    ORVA_INLINE void put(Stores stores, const YuvWords<V>& samples) {
         const EnlargedWords<V> words = enlarged(samples);
         const V first = Layout::join(words.first.luma, words.first.chroma);
         const V second = Layout::join(words.second.luma, words.second.chroma);
         uint8_t* const lines[] = {dst, dst + pitch};
         for (uint8_t* line : lines) {
-            Stores::put(first, line);
-            Stores::put(second, line + V::bytes);
+            stores.put(first, line);
+            stores.put(second, line + V::bytes);
         }
         dst += 2 * V::bytes;
     }
@@ -62,14 +68,15 @@ private:
 
 class EnlargingSemiPlanarWriter {
 public:
+    static constexpr uint32_t streamedPixelBytes = 0;
+
     ORVA_INLINE explicit EnlargingSemiPlanarWriter(const Descriptor& d)
         : luma(mainDestination(d)), chroma(luma.chromaPlane(d.dstPitch, d.dstHeight)),
           pitch(d.dstPitch) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(luma); }
-    ORVA_INLINE bool streamable() const { return true; }
 
-    template <class Stores, class V> ORVA_INLINE void put(const YuvWords<V>& samples) {
+    template <class Stores, class V> ORVA_INLINE void put(Stores, const YuvWords<V>& samples) {
         const EnlargedWords<V> words = enlarged(samples);
         const V lumaBytes = groupHalves(packBytes(words.first.luma, words.second.luma));
         const V chromaBytes = groupHalves(packBytes(words.first.chroma, words.second.chroma));

@@ -12,6 +12,7 @@ namespace {
 template <class Reader, class Math, class Writer, class Fourth> struct Job {
     static constexpr uint32_t unitPixels = 2;
     static constexpr uint32_t blockPixels = 8;
+    static constexpr uint32_t streamedPixelBytes = Writer::streamedPixelBytes;
 
     Reader reader;
     Math math;
@@ -22,15 +23,15 @@ template <class Reader, class Math, class Writer, class Fourth> struct Job {
         : reader(d), math(rgbToYuvConstants(d)), writer(d), fourth(d) {}
 
     ORVA_INLINE uint32_t head() const { return writer.head(); }
-    ORVA_INLINE bool streamable() const { return writer.streamable(); }
+    ORVA_INLINE uint8_t* streamed() const { return writer.streamed(); }
 
-    template <class V, class Stores> ORVA_INLINE void blocks() {
+    template <class V, class Stores> ORVA_INLINE void blocks(Stores stores) {
         const Pixels8<V> pixels = reader.template take8<V>();
-        writer.template put<Stores>(math(pixels));
+        writer.put(stores, math(pixels));
         fourth.put(pixels);
     }
 
-    template <class Stores> ORVA_INLINE void unit() {
+    ORVA_INLINE void unit() {
         const Vec128 pixels = reader.takePair();
         writer.putPair(math(Pixels8<Vec128>{pixels, pixels}));
         fourth.putPair(pixels);
@@ -46,11 +47,9 @@ template <class Reader, class Math, class Writer, class Fourth> struct Job {
 template <class Reader, class Writer, class Fourth> struct Conversion {
     template <bool fast, class Stores> static void run(const Descriptor& d) {
         if (d.clampStudio)
-            walkRows<fast, Stores>(Job<Reader, RgbToYuv<true>, Writer, Fourth>(d), d.srcHeight,
-                                   d.dstWidth);
+            walkRows<fast, Stores>(Job<Reader, RgbToYuv<true>, Writer, Fourth>(d), d);
         else
-            walkRows<fast, Stores>(Job<Reader, RgbToYuv<false>, Writer, Fourth>(d), d.srcHeight,
-                                   d.dstWidth);
+            walkRows<fast, Stores>(Job<Reader, RgbToYuv<false>, Writer, Fourth>(d), d);
     }
 };
 
@@ -81,15 +80,18 @@ template <class Writer> struct Enlargement {
 class ReducedJob {
 public:
     static constexpr uint32_t blockPixels = 8;
+    static constexpr uint32_t streamedPixelBytes = 2;
 
     ORVA_INLINE explicit ReducedJob(const Descriptor& d)
         : reader(d), math(rgbToYuvConstants(d)),
           offset(Wide::all32(rgbToYuvConstants(d).lumaOffset)), dst(mainDestination(d)) {}
 
-    template <class V, class Stores> ORVA_INLINE void blocks() {
+    ORVA_INLINE uint8_t* streamed() const { return dst.ifStreamable(); }
+
+    template <class V, class Stores> ORVA_INLINE void blocks(Stores stores) {
         const Pixels8<V> pixels = reader.take8<V>();
         const V firstFours = evenLanes(pixels.a, pixels.b);
-        Stores::put(packWords(math.luma(firstFours), constant<V>(offset)), dst);
+        stores.put(packWords(math.luma(firstFours), constant<V>(offset)), dst);
         dst += V::bytes;
     }
 
@@ -105,9 +107,7 @@ private:
     DestinationPointer dst;
 };
 
-void convertReduced(const Descriptor& d) {
-    walkRows<true, StreamingStores>(ReducedJob(d), d.srcHeight, d.dstWidth);
-}
+void convertReduced(const Descriptor& d) { walkRows<true, StreamingStores>(ReducedJob(d), d); }
 
 constexpr KernelSet withReducedStreaming(KernelSet kernels) {
     kernels.fastStreaming = convertReduced;

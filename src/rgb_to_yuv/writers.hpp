@@ -10,13 +10,16 @@ namespace orva::ORVA_ISA {
 // Packed 4:2:2: 4 bytes per pixel pair in one plane.
 template <class Layout> class PackedWriter {
 public:
+    static constexpr uint32_t streamedPixelBytes = 2;
+
     ORVA_INLINE explicit PackedWriter(const Descriptor& d) : dst(mainDestination(d)) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
-    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+    ORVA_INLINE uint8_t* streamed() const { return dst.ifStreamable(); }
 
-    template <class Stores, class V> ORVA_INLINE void put(const YuvWords<V>& samples) {
-        Stores::put(groupHalves(Layout::join(samples.luma, samples.chroma)), dst);
+    template <class Stores, class V>
+    ORVA_INLINE void put(Stores stores, const YuvWords<V>& samples) {
+        stores.put(groupHalves(Layout::join(samples.luma, samples.chroma)), dst);
         dst += V::bytes;
     }
 
@@ -35,15 +38,16 @@ private:
 // anything here: a block is 8 bytes to each plane, which need no alignment.
 class SemiPlanarWriter {
 public:
+    static constexpr uint32_t streamedPixelBytes = 0;
+
     ORVA_INLINE explicit SemiPlanarWriter(const Descriptor& d)
         : luma(mainDestination(d)), chroma(luma.chromaPlane(d.dstPitch, d.dstHeight)) {}
 
     // As for 4 bytes per pair, although there are 2: it decides how many pairs go singly, which has
     // to stay as it is.
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(luma); }
-    ORVA_INLINE bool streamable() const { return true; }
 
-    template <class Stores, class V> ORVA_INLINE void put(const YuvWords<V>& samples) {
+    template <class Stores, class V> ORVA_INLINE void put(Stores, const YuvWords<V>& samples) {
         groupQuarters(packBytes(samples.luma, samples.chroma)).storeHalves(luma, chroma);
         luma += V::bytes / 2;
         chroma += V::bytes / 2;

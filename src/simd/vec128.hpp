@@ -78,10 +78,6 @@ struct Vec128 {
 #undef V
 #undef MM
 
-ORVA_INLINE void stream4(uint8_t* p, uint32_t value) {
-    _mm_stream_si32(reinterpret_cast<int*>(p), int(value));
-}
-
 // Dwords 0 and 2 of a, then of b, lane by lane.
 ORVA_INLINE Vec128 evenDwords(Vec128 a, Vec128 b) {
     return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0x88))};

@@ -11,6 +11,7 @@ namespace {
 template <class Reader, class Fourth, class Math, class Writer> struct Job {
     static constexpr uint32_t unitPixels = 2;
     static constexpr uint32_t blockPixels = Writer::colourBlock;
+    static constexpr uint32_t streamedPixelBytes = Writer::streamedPixelBytes;
 
     Reader reader;
     Fourth fourth;
@@ -21,21 +22,19 @@ template <class Reader, class Fourth, class Math, class Writer> struct Job {
         : reader(d), fourth(d), math(yuvToRgbCoefSetup(d)), writer(d) {}
 
     ORVA_INLINE uint32_t head() const { return writer.template head<unitPixels>(); }
-    ORVA_INLINE bool streamable() const { return writer.streamable(); }
+    ORVA_INLINE uint8_t* streamed() const { return writer.streamed(); }
 
-    template <class V, class Stores> ORVA_INLINE void blocks() {
+    template <class V, class Stores> ORVA_INLINE void blocks(Stores stores) {
         if constexpr (blockPixels == 8) {
-            writer.template put<Stores>(convert8<V>());
+            writer.put(stores, convert8<V>());
         } else {
             const Pixels8<V> first = convert8<V>();
             const Pixels8<V> second = convert8<V>();
-            writer.template put<Stores>(Pixels16<V>{first.a, first.b, second.a, second.b});
+            writer.put(stores, Pixels16<V>{first.a, first.b, second.a, second.b});
         }
     }
 
-    template <class Stores> ORVA_INLINE void unit() {
-        writer.putPair(math(reader.takePair(), fourth.takePair()).a);
-    }
+    ORVA_INLINE void unit() { writer.putPair(math(reader.takePair(), fourth.takePair()).a); }
 
     ORVA_INLINE void endRow() {
         reader.endRow();
@@ -55,9 +54,9 @@ template <class Reader, class Fourth, class Writer> struct Conversion {
 
     template <bool fast, class Stores> static void run(const Descriptor& d) {
         if (d.clampStudio)
-            walkRows<fast, Stores>(Walked<true>(d), d.srcHeight, d.dstWidth);
+            walkRows<fast, Stores>(Walked<true>(d), d);
         else
-            walkRows<fast, Stores>(Walked<false>(d), d.srcHeight, d.dstWidth);
+            walkRows<fast, Stores>(Walked<false>(d), d);
     }
 };
 

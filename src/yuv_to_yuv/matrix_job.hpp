@@ -12,26 +12,27 @@ template <class SourceLayout, class DestinationLayout, bool clamped> class Matri
 public:
     static constexpr uint32_t unitPixels = 2;
     static constexpr uint32_t blockPixels = 16;
+    static constexpr uint32_t streamedPixelBytes = 2;
 
     ORVA_INLINE explicit MatrixJob(const Descriptor& d)
         : src(mainSource(d)), dst(mainDestination(d)), math(matrixSetup(d)) {}
 
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
-    ORVA_INLINE bool streamable() const { return isAligned16(dst); }
+    ORVA_INLINE uint8_t* streamed() const { return dst.ifStreamable(); }
 
-    template <class V, class Stores> ORVA_INLINE void blocks() {
+    template <class V, class Stores> ORVA_INLINE void blocks(Stores stores) {
         // The halves of a block are neighbouring lanes in memory and have to meet in one lane.
         const V low = V::load(src), high = V::load(src + V::bytes);
         const Bytes<V> out =
             join(math(WholeBlock<V>{split(evenLanes(low, high)), split(oddLanes(low, high))}));
-        Stores::put(zipLanesLow(out.first, out.second), dst);
-        Stores::put(zipLanesHigh(out.first, out.second), dst + V::bytes);
+        stores.put(zipLanesLow(out.first, out.second), dst);
+        stores.put(zipLanesHigh(out.first, out.second), dst + V::bytes);
         src += 2 * V::bytes;
         dst += 2 * V::bytes;
     }
 
     // A single pair is the first half of a block whose halves are the same.
-    template <class Stores> ORVA_INLINE void unit() {
+    ORVA_INLINE void unit() {
         const HalfBlock<Vec128> pair = split(Vec128::load4(src));
         join(math(WholeBlock<Vec128>{pair, pair})).first.store4(dst);
         src += 4;
@@ -65,11 +66,9 @@ private:
 template <class SourceLayout, class DestinationLayout> struct Matrix {
     template <bool fast, class Stores> static void run(const Descriptor& d) {
         if (d.clampStudio)
-            walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, true>(d), d.srcHeight,
-                                   d.dstWidth);
+            walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, true>(d), d);
         else
-            walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, false>(d),
-                                   d.srcHeight, d.dstWidth);
+            walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, false>(d), d);
     }
 };
 

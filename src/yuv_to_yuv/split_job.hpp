@@ -12,6 +12,7 @@ template <class Layout> class SplitJob {
 public:
     static constexpr uint32_t unitPixels = 2;
     static constexpr uint32_t blockPixels = 16;
+    static constexpr uint32_t streamedPixelBytes = 0;
 
     ORVA_INLINE explicit SplitJob(const Descriptor& d)
         : src(mainSource(d)), luma(mainDestination(d)),
@@ -20,9 +21,8 @@ public:
     // As for 4 bytes per pair, although there are 2: it aligns nothing, since no store here needs
     // it.
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(luma); }
-    ORVA_INLINE bool streamable() const { return true; }
 
-    template <class V, class Stores> ORVA_INLINE void blocks() {
+    template <class V, class Stores> ORVA_INLINE void blocks(Stores) {
         const V first = V::load(src), second = V::load(src + V::bytes);
         samples<V>(Layout::template luma<0>(first), Layout::template luma<0>(second)).store(luma);
         samples<V>(Layout::template chroma<0>(first), Layout::template chroma<0>(second))
@@ -32,7 +32,7 @@ public:
         chroma += V::bytes;
     }
 
-    template <class Stores> ORVA_INLINE void unit() {
+    ORVA_INLINE void unit() {
         const Vec128 words = Vec128::load4(src);
         const Vec128 lumaWords = Layout::template luma<0>(words);
         const Vec128 chromaWords = Layout::template chroma<0>(words);
@@ -60,7 +60,7 @@ private:
 
 template <class Layout> struct Split {
     template <bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(SplitJob<Layout>(d), d.srcHeight, d.dstWidth);
+        walkRows<fast, Stores>(SplitJob<Layout>(d), d);
     }
 };
 

@@ -91,11 +91,12 @@ void moveLike(uint32_t dstOffset, uint32_t dstStep, uint32_t srcRow, uint32_t& s
 }  // namespace
 
 Shape randomShape(Random& random) {
+    const bool contiguous = pick(random, 4) == 0;
     const auto gap = [&] {
         constexpr int32_t gaps[] = {0, 16, 96, 1, 6, 20, 44, 64};
         const int32_t size = gaps[pick(random, 8)];
-        // Negative gaps below minus a row walk upwards.
-        return pick(random, 3) == 0 ? -size - 320 : size;
+        // Negative gaps below minus a row walk upwards. Without any gap the picture is one row.
+        return contiguous ? 0 : pick(random, 3) == 0 ? -size - 320 : size;
     };
     const auto offset = [&] { return pick(random, 3) == 0 ? 0 : pick(random, 64); };
     const auto pitch = [&]() -> std::optional<int32_t> {
