@@ -87,7 +87,8 @@ size_t Layout::place(size_t bytes, bool offset) {
     return begin;
 }
 
-Layout::Layout(const Case& c, Size size, bool offset) {
+Layout::Layout(const Case& c, Size size, const Options& options) {
+    const auto [offset, streaming] = options;
     const test::Format &source = c.conversion->source, &destination = c.conversion->destination;
     const bool reduces = c.mode == 1 || c.mode == 2, enlarges = c.mode == 3;
     const uint32_t factor = c.mode == 1 ? 2 : c.mode == 2 ? 4 : 1;
@@ -116,6 +117,7 @@ Layout::Layout(const Case& c, Size size, bool offset) {
     d.alphaValue = 255;
     d.kernelMode = c.mode;
     d.lineMode = reduces;
+    d.streamingStores = streaming;
 
     // The lines of a pair run ahead of each other by up to 8.
     const size_t srcLines = from.height + (reduces ? 8 : 0);

@@ -57,9 +57,13 @@ inline size_t toPage(size_t bytes) { return (bytes + 4095) / 4096 * 4096; }
 // other without gaps. The size is that of the larger picture where a mode changes it.
 class Layout {
 public:
-    // With an offset, every destination plane begins 8 bytes behind a page boundary, and so do
-    // sources whose rows must then have the same address modulo 16.
-    Layout(const Case& c, Size size, bool offset);
+    struct Options {
+        // Every destination plane begins 8 bytes behind a page boundary, and so do sources whose
+        // rows must then have the same address modulo 16.
+        bool offset = false;
+        bool streaming = false;
+    };
+    Layout(const Case& c, Size size, const Options& options);
 
     Descriptor at(uint8_t* memory) const;
     // Bytes of the rows that are read and written. Reducing modes skip lines but no bytes of one.

@@ -32,12 +32,10 @@ static void addKernels(std::vector<Competitor>& list, const orva::KernelTable& t
             .streaming = streaming,
             .form = form,
             .size = size,
-            .layout = Layout(c, size, form == Form::offset),
+            .layout = Layout(c, size, {.offset = form == Form::offset, .streaming = streaming}),
             .prepare = [&table] { orva::activeKernels = table.kernels; },
             .convert =
-                [call = c.conversion->call, streaming](const Descriptor& given) {
-                    Descriptor d = given;
-                    d.streamingStores = streaming;
+                [call = c.conversion->call, streaming](const Descriptor& d) {
                     call(&d);
                     // What a host needs before it hands the frame on is part of the price.
                     if (streaming)
@@ -49,7 +47,7 @@ static void addKernels(std::vector<Competitor>& list, const orva::KernelTable& t
 
 std::vector<Competitor> competitors(const Case& c, Size size, const Selection& selection) {
     std::vector<Competitor> list;
-    const Layout layout(c, size, false);
+    const Layout layout(c, size, {});
 
     // As many bytes read and written together: half of them copied.
     const size_t half = layout.bytesMoved() / 2;
