@@ -41,13 +41,24 @@ public:
 
     ORVA_INLINE const uint8_t* line() const { return used; }
 
+    // Asks for what the next line has in place of bytes of this line. Lines lie apart, which
+    // defeats the processor's own look-ahead: with it a row takes up to 1.8 times as long.
+    template <size_t bytes> ORVA_INLINE void fetchFromNextLine(const uint8_t* inThisLine) const {
+        for (size_t i = 0; i < bytes; i += 64)
+            __builtin_prefetch(inThisLine + (next() - used) + i);
+    }
+
     ORVA_INLINE void endRow() {
-        const uint8_t* const next = moves == Moves::otherLine ? other + pairAdvance : other;
+        const uint8_t* const following = next();
         other = moves == Moves::usedLine ? used + pairAdvance : used;
-        used = next;
+        used = following;
     }
 
 private:
+    ORVA_INLINE const uint8_t* next() const {
+        return moves == Moves::otherLine ? other + pairAdvance : other;
+    }
+
     const uint8_t* used;
     const uint8_t* other;
     ptrdiff_t pairAdvance;

@@ -24,6 +24,7 @@ template <class V> ORVA_INLINE EnlargedWords<V> enlarged(const YuvWords<V>& samp
 template <class Layout> class EnlargingPackedWriter {
 public:
     static constexpr uint32_t streamedPixelBytes = 4;
+    static constexpr bool isSemiPlanar = false;
 
     ORVA_INLINE explicit EnlargingPackedWriter(const Descriptor& d)
         : dst(mainDestination(d)), pitch(d.dstPitch) {}
@@ -69,6 +70,7 @@ private:
 class EnlargingSemiPlanarWriter {
 public:
     static constexpr uint32_t streamedPixelBytes = 0;
+    static constexpr bool isSemiPlanar = true;
 
     ORVA_INLINE explicit EnlargingSemiPlanarWriter(const Descriptor& d)
         : luma(mainDestination(d)), chroma(luma.chromaPlane(d.dstPitch, d.dstHeight)),

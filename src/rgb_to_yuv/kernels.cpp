@@ -2,6 +2,8 @@
 // for the fourth bytes, in all the combinations that exist.
 #include "rgb_to_yuv/kernels.hpp"
 
+#include <type_traits>
+
 #include "rgb/readers.hpp"
 #include "rgb_to_yuv/enlarging_writers.hpp"
 #include "rgb_to_yuv/writers.hpp"
@@ -44,7 +46,9 @@ template <class Reader, class Math, class Writer, class Fourth> struct Job {
     }
 };
 
-template <class Reader, class Writer, class Fourth> struct Conversion {
+template <class Source, class Writer, class Fourth> struct Conversion {
+    using Reader = std::conditional_t<Writer::isSemiPlanar, FetchingAhead<Source>, Source>;
+
     template <bool fast, class Stores> static void run(const Descriptor& d) {
         if (d.clampStudio)
             walkRows<fast, Stores>(Job<Reader, RgbToYuv<true>, Writer, Fourth>(d), d);

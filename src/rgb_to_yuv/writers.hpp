@@ -11,6 +11,7 @@ namespace orva::ORVA_ISA {
 template <class Layout> class PackedWriter {
 public:
     static constexpr uint32_t streamedPixelBytes = 2;
+    static constexpr bool isSemiPlanar = false;
 
     ORVA_INLINE explicit PackedWriter(const Descriptor& d) : dst(mainDestination(d)) {}
 
@@ -39,6 +40,7 @@ private:
 class SemiPlanarWriter {
 public:
     static constexpr uint32_t streamedPixelBytes = 0;
+    static constexpr bool isSemiPlanar = true;
 
     ORVA_INLINE explicit SemiPlanarWriter(const Descriptor& d)
         : luma(mainDestination(d)), chroma(luma.chromaPlane(d.dstPitch, d.dstHeight)) {}

@@ -79,6 +79,7 @@ public:
         : lines(lineAddresses(d)), src(lines.line()) {}
 
     template <class V> ORVA_INLINE Yuv<V> take() {
+        lines.template fetchFromNextLine<2 * factor * V::bytes>(src);
         const V first = everyDword<V, factor>(src);
         const V second = everyDword<V, factor>(src + factor * V::bytes);
         src += 2 * factor * V::bytes;
