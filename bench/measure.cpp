@@ -27,6 +27,7 @@ void measure(std::span<Competitor> competitors, Size size, Ring& ring, const Met
         for (Competitor& c : competitors) {
             const auto call = [&] { c.convert(c.layout.at(ring.next(slot, reuse))); };
             c.prepare();
+            reloadVectorRegisters();
             // Until the cache holds nothing but its own lines: it writes back those that others
             // left modified, and others write back its.
             const size_t moved = c.layout.bytesMoved();
