@@ -62,7 +62,9 @@ ORVA_INLINE Vec512 evenDwords(Vec512 a, Vec512 b) {
 ORVA_INLINE Vec512 mergeUpperHalves(Vec512 even, Vec512 odd) {
     const __m512i upperHalvesDown =
         _mm512_broadcast_i32x4(_mm_setr_epi32(0x0302, 0x0706, 0x0B0A, 0x0F0E));
-    return {_mm512_mask_shuffle_epi8(odd.v, 0x3333333333333333, even.v, upperHalvesDown)};
+    // In 32-bit builds GCC would put the mask together in memory, anew in every step of some loops.
+    const __mmask64 lowerHalves = _mm512_kunpackd(0x33333333, 0x33333333);
+    return {_mm512_mask_shuffle_epi8(odd.v, lowerHalves, even.v, upperHalvesDown)};
 }
 
 ORVA_INLINE Vec512 spreadHalves(Vec512 a) {
