@@ -9,20 +9,6 @@
 
 namespace orva::ORVA_ISA {
 
-template <int scale, class V> ORVA_INLINE V lowBytes(V words) {
-    if constexpr (scale == 0)
-        return words & V::all16(0xFF);
-    else
-        return shiftLeft16<scale>(words) & V::all16(0xFF << scale);
-}
-
-template <int scale, class V> ORVA_INLINE V highBytes(V words) {
-    if constexpr (scale == 0)
-        return shiftRight16<8>(words);
-    else
-        return shiftRight16<8 - scale>(words) & V::all16(0xFF << scale);
-}
-
 // UYVY16I, with luma in the high byte of each word, and YUYV16I, with luma in the low one.
 template <bool lumaIsHigh> struct WordLayout {
     template <int scale, class V> ORVA_INLINE static V luma(V words) {
