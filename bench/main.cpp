@@ -20,6 +20,7 @@ constexpr const char* usage = R"(orva-bench [OPTION...]
   --accuracy        only the table of the arithmetic's errors
   --filter TEXT     conversions whose names contain TEXT
   --compare FILE    with --targets: report.csv of another build
+  --streaming       only the table of streaming against ordinary stores over sizes
   --warm            one frame that stays in the cache instead of a ring of frames
   --rounds N        samples of each time (15)
   --cpu N           the core to run on
@@ -28,7 +29,7 @@ constexpr const char* usage = R"(orva-bench [OPTION...]
 )";
 
 struct Options {
-    bool full = false, targets = false, onlyHd = false, accuracy = false;
+    bool full = false, targets = false, onlyHd = false, accuracy = false, streaming = false;
     std::string filter, compare, out = ".";
     Method method;
     int cpu = -1;
@@ -38,11 +39,10 @@ struct Options {
 Options parse(int argc, char** argv) {
     Options options;
     std::string rounds = "15", cpu = "-1";
-    const std::pair<std::string_view, bool*> switches[] = {{"--full", &options.full},
-                                                           {"--targets", &options.targets},
-                                                           {"--hd", &options.onlyHd},
-                                                           {"--accuracy", &options.accuracy},
-                                                           {"--warm", &options.method.warm}};
+    const std::pair<std::string_view, bool*> switches[] = {
+        {"--full", &options.full},         {"--targets", &options.targets},
+        {"--hd", &options.onlyHd},         {"--accuracy", &options.accuracy},
+        {"--warm", &options.method.reuse}, {"--streaming", &options.streaming}};
     const std::pair<std::string_view, std::string*> values[] = {{"--filter", &options.filter},
                                                                 {"--compare", &options.compare},
                                                                 {"--out", &options.out},
@@ -90,7 +90,9 @@ std::vector<Row> measureAll(const Options& options, Ring& ring) {
                     competitors(c, size,
                                 {.allTables = options.full || size == hd,
                                  .generalForms = options.full || hdTargets})};
-            measure(row.competitors, size, ring, options.method);
+            Method method = options.method;
+            method.reuse |= size == inCache;
+            measure(row.competitors, ring, method);
             for (Competitor& competitor : row.competitors)
                 competitor.prepare = nullptr, competitor.convert = nullptr;
             rows.push_back(std::move(row));
@@ -105,7 +107,7 @@ std::string conditions(const Options& options, const Ring& ring) {
     out << processorName() << text(", last-level cache %zu MB, ", cacheBytes() >> 20)
         << sizeof(void*) * 8 << "-bit build. One thread on one core; medians of "
         << options.method.rounds << " samples.\n"
-        << (options.method.warm
+        << (options.method.reuse
                 ? "Every frame is converted again and again and stays in the cache if it fits.\n"
                 : text("Frames of 320x64 stay in the cache; larger ones come from a ring of %zu "
                        "MB and have left it.\n",
@@ -157,12 +159,16 @@ int main(int argc, char** argv) try {
     if (!pinTo(options.cpu))
         std::cerr << "orva-bench: cannot stay on one core\n";
     Ring ring;
+    if (options.streaming) {
+        writeStreaming(std::cout, ring, options.method.rounds);
+        return 0;
+    }
     std::vector<char*>& others = options.ofGoogleBenchmark;
     if (others.empty())
         return report(options, ring);
 #if ORVA_BENCH_GOOGLE_BENCHMARK
     others.insert(others.begin(), argv[0]);
-    return runGoogleBenchmark(others, ring, options.method.warm);
+    return runGoogleBenchmark(others, ring, options.method.reuse);
 #else
     throw std::runtime_error("built without Google Benchmark");
 #endif

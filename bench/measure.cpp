@@ -17,21 +17,20 @@ static double now() {
     return double(time.tv_sec) * 1e9 + double(time.tv_nsec);
 }
 
-void measure(std::span<Competitor> competitors, Size size, Ring& ring, const Method& method) {
-    const bool reuse = method.warm || size == inCache;
+void measure(std::span<Competitor> competitors, Ring& ring, const Method& method) {
     size_t slot = 0;
     for (const Competitor& competitor : competitors)
         slot = std::max(slot, competitor.layout.memoryBytes());
 
     for (int round = 0; round < method.rounds; ++round) {
         for (Competitor& c : competitors) {
-            const auto call = [&] { c.convert(c.layout.at(ring.next(slot, reuse))); };
+            const auto call = [&] { c.convert(c.layout.at(ring.next(slot, method.reuse))); };
             c.prepare();
             reloadVectorRegisters();
             // Until the cache holds nothing but its own lines: it writes back those that others
             // left modified, and others write back its.
             const size_t moved = c.layout.bytesMoved();
-            const size_t lead = reuse ? 1 : (cacheBytes() + moved - 1) / moved;
+            const size_t lead = method.reuse ? 1 : (cacheBytes() + moved - 1) / moved;
             for (size_t i = 0; i < lead; ++i)
                 call();
             // Long enough for the clock.

@@ -30,13 +30,13 @@ struct Competitor {
 };
 
 struct Method {
-    bool warm = false;  // one frame that stays in the cache instead of a ring of frames
+    bool reuse = false;  // one frame again and again instead of a ring of frames
     int rounds = 15;
 };
 
 // Fills in the samples. Every round measures each competitor once, so that a disturbance hits all
 // alike and samples of the same round can be compared.
-void measure(std::span<Competitor> competitors, Size size, Ring& ring, const Method& method);
+void measure(std::span<Competitor> competitors, Ring& ring, const Method& method);
 
 double median(std::vector<double> values);
 
