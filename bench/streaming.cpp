@@ -21,8 +21,8 @@ void writeStreaming(std::ostream& out, Ring& ring, int rounds) {
     for (const char* name : conversions)
         out << " " << name << " |";
     out << "\n|---|--:|--:|--:|--:|\n";
-    for (const Size size : {inCache, Size{640, 360}, pal, Size{1280, 720}, hd, Size{2560, 1440}, uhd,
-                            Size{7680, 4320}}) {
+    for (const Size size : {inCache, Size{640, 360}, pal, Size{1280, 720}, hd, Size{2560, 1440},
+                            uhd, Size{7680, 4320}}) {
         out << "| " << label(size) << " |";
         for (const char* name : conversions) {
             const Case c{&exportNamed(name)};

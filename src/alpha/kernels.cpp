@@ -40,9 +40,10 @@ struct FillJob {
         dst += 2 * V::bytes;
     }
 
-    ORVA_INLINE void unit() {
-        *dst = uint8_t(alpha.firstLane().low32());
-        dst += 1;
+    template <uint32_t count> ORVA_INLINE void units() {
+        for (uint32_t i = 0; i < count; ++i)
+            dst[i] = uint8_t(alpha.firstLane().low32());
+        dst += count;
     }
 
     ORVA_INLINE void endRow() { dst.endRow(); }

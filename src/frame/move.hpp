@@ -55,15 +55,16 @@ template <class Format, class Order, class Loads> struct MoveJob {
         dst += blockBytes * V::lanes;
     }
 
-    ORVA_INLINE void unit() {
+    template <uint32_t count> ORVA_INLINE void units() {
+        constexpr uint32_t bytes = count * Format::unitBytes;
         if constexpr (Format::unitBytes == 4) {
-            Order::apply(Vec128::load4(src)).store4(dst);
+            Order::apply(Vec128::loadFirst<bytes>(src)).template storeFirst<bytes>(dst);
         } else {
-            for (uint32_t i = 0; i < Format::unitBytes; ++i)
+            for (uint32_t i = 0; i < bytes; ++i)
                 dst[i] = src[i];
         }
-        src += Format::unitBytes;
-        dst += Format::unitBytes;
+        src += bytes;
+        dst += bytes;
     }
 
     ORVA_INLINE void endRow() {

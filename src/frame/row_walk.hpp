@@ -8,7 +8,7 @@
 //     streamed()                 where the next block streams them, null if they cannot be here
 //     head()                     units from the destination pointer to the first 16-byte boundary
 //     blocks<V>(stores)          converts V::lanes blocks and moves on
-//     unit()                     converts one unit and moves on
+//     units<count>()             converts 1, 2 or 4 units and moves on
 //     endRow()                   adds the row gaps
 //
 // The fast walk knows whole blocks only: what is left of a row is not touched, and the pointers do
@@ -77,16 +77,23 @@ template <class Stores, class Job> ORVA_INLINE void walkWholeBlocks(Job job, con
     }
 }
 
+template <class Job> ORVA_INLINE void convertUnits(Job& job, uint32_t count) {
+    for (; count >= 4; count -= 4)
+        job.template units<4>();
+    if (count & 2)
+        job.template units<2>();
+    if (count & 1)
+        job.template units<1>();
+}
+
 template <class Stores, class Job>
 ORVA_INLINE void walkAnyWidth(Job job, uint32_t rows, uint32_t width, uint32_t narrow = 16) {
     for (; rows > 0; --rows) {
         const uint32_t head = width < narrow ? width / Job::unitPixels : job.head();
         const uint32_t behindHead = width - head * Job::unitPixels;
-        for (uint32_t i = 0; i < head; ++i)
-            job.unit();
+        convertUnits(job, head);
         convertBlocks<Stores>(job, behindHead / Job::blockPixels);
-        for (uint32_t i = behindHead % Job::blockPixels / Job::unitPixels; i > 0; --i)
-            job.unit();
+        convertUnits(job, behindHead % Job::blockPixels / Job::unitPixels);
         job.endRow();
     }
 }

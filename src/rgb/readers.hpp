@@ -27,10 +27,15 @@ public:
         return pixels;
     }
 
-    ORVA_INLINE Vec128 takePair() {
-        const Vec128 pixels = Vec128::load8(src);
-        src += 8;
-        return pixels;
+    // Up to 4 pairs of pixels.
+    template <uint32_t count> ORVA_INLINE Pixels8<Vec128> takePairs() {
+        if constexpr (count == 4) {
+            return take8<Vec128>();
+        } else {
+            const Vec128 pixels = Vec128::loadFirst<8 * count>(src);
+            src += 8 * count;
+            return {pixels, Vec128::zero()};
+        }
     }
 
     ORVA_INLINE uint32_t takePixel() {
@@ -63,11 +68,14 @@ public:
         return pixels;
     }
 
-    ORVA_INLINE Vec128 takePair() {
-        const Vec128 pixels =
-            Vec128::fromDwords(Vec128::load4(src).low32(), Vec128::load4(src + 4 * factor).low32());
-        src += 8 * factor;
-        return pixels;
+    template <uint32_t count> ORVA_INLINE Pixels8<Vec128> takePairs() {
+        const uint8_t* const first = src;
+        src += 8 * factor * count;
+        if constexpr (count == 4)
+            return {Vec128::gather<4>(first, 4 * factor),
+                    Vec128::gather<4>(first + 16 * factor, 4 * factor)};
+        else
+            return {Vec128::gather<2 * count>(first, 4 * factor), Vec128::zero()};
     }
 
     ORVA_INLINE void endRow() {
@@ -99,9 +107,17 @@ public:
         return pixels;
     }
 
-    ORVA_INLINE Vec128 takePair() {
-        const uint32_t first = takePixel();
-        return Vec128::fromDwords(first, takePixel());
+    template <uint32_t count> ORVA_INLINE Pixels8<Vec128> takePairs() {
+        if constexpr (count == 4) {
+            return take8<Vec128>();
+        } else if constexpr (count == 2) {
+            const Vec128 pixels = widen24(Vec128::loadFirst<12>(src));
+            src += 12;
+            return {pixels, Vec128::zero()};
+        } else {
+            const uint32_t first = takePixel();
+            return {Vec128::fromDwords(first, takePixel()), Vec128::zero()};
+        }
     }
 
     ORVA_INLINE uint32_t takePixel() {

@@ -24,7 +24,10 @@ template <class Reader, class Writer> struct RepackJob {
         writer.put(stores, reader.template take16<V>());
     }
 
-    ORVA_INLINE void unit() { writer.putPixel(reader.takePixel()); }
+    template <uint32_t count> ORVA_INLINE void units() {
+        for (uint32_t i = 0; i < count; ++i)
+            writer.putPixel(reader.takePixel());
+    }
 
     ORVA_INLINE void endRow() {
         reader.endRow();

@@ -1,6 +1,8 @@
 // Where BGR pixels go: blocks of 8 or 16 of them in vectors, pairs and single pixels at row ends.
 #pragma once
 
+#include <algorithm>
+
 #include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
 #include "rgb/pixels.hpp"
@@ -33,9 +35,14 @@ public:
         put(stores, Pixels8<V>{pixels.c, pixels.d});
     }
 
-    ORVA_INLINE void putPair(Vec128 pixels) {
-        pixels.store8(dst);
-        dst += 8;
+    // Up to 4 pairs of pixels.
+    template <uint32_t count> ORVA_INLINE void putPairs(const Pixels8<Vec128>& pixels) {
+        if constexpr (count == 4) {
+            put(OrdinaryStores(), pixels);
+        } else {
+            pixels.a.storeFirst<8 * count>(dst);
+            dst += 8 * count;
+        }
     }
 
     ORVA_INLINE void putPixel(uint32_t pixel) {
@@ -71,9 +78,12 @@ public:
         dst += 3 * V::bytes;
     }
 
-    ORVA_INLINE void putPair(Vec128 pixels) {
-        putPixel(pixels.low32());
-        putPixel(pixels.secondDword());
+    template <uint32_t count> ORVA_INLINE void putPairs(const Pixels8<Vec128>& pixels) {
+        const Packed24<Vec128> packed = pack24(pixels.a, pixels.b, pixels.b, pixels.b);
+        packed.first.storeFirst<std::min(6 * count, 16u)>(dst);
+        if constexpr (count == 4)
+            packed.second.storeFirst<8>(dst + 16);
+        dst += 6 * count;
     }
 
     ORVA_INLINE void putPixel(uint32_t pixel) {

@@ -49,12 +49,17 @@ public:
         dst += 2 * V::bytes;
     }
 
-    ORVA_INLINE void putPair(const YuvWords<Vec128>& samples) {
-        const YuvWords<Vec128> words = enlarged(samples).first;
-        uint8_t* const lines[] = {dst, dst + pitch};
-        for (uint8_t* line : lines)
-            Layout::join(words.luma, words.chroma).store8(line);
-        dst += 8;
+    // Up to 4 pairs of pixels.
+    template <uint32_t count> ORVA_INLINE void putPairs(const YuvWords<Vec128>& samples) {
+        if constexpr (count == 4) {
+            put(OrdinaryStores(), samples);
+        } else {
+            const YuvWords<Vec128> words = enlarged(samples).first;
+            uint8_t* const lines[] = {dst, dst + pitch};
+            for (uint8_t* line : lines)
+                Layout::join(words.luma, words.chroma).template storeFirst<8 * count>(line);
+            dst += 8 * count;
+        }
     }
 
     ORVA_INLINE void endRow() {
@@ -91,15 +96,15 @@ public:
         chroma += V::bytes;
     }
 
-    ORVA_INLINE void putPair(const YuvWords<Vec128>& samples) {
-        const YuvWords<Vec128> words = enlarged(samples).first;
+    template <uint32_t count> ORVA_INLINE void putPairs(const YuvWords<Vec128>& samples) {
+        const EnlargedWords<Vec128> words = enlarged(samples);
         const ptrdiff_t lines[] = {0, pitch};
         for (const ptrdiff_t line : lines) {
-            packBytes(words.luma, words.luma).store4(luma + line);
-            packBytes(words.chroma, words.chroma).store4(chroma + line);
+            packBytes(words.first.luma, words.second.luma).storeFirst<4 * count>(luma + line);
+            packBytes(words.first.chroma, words.second.chroma).storeFirst<4 * count>(chroma + line);
         }
-        luma += 4;
-        chroma += 4;
+        luma += 4 * count;
+        chroma += 4 * count;
     }
 
     ORVA_INLINE void endRow() {

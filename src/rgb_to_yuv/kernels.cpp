@@ -33,10 +33,10 @@ template <class Reader, class Math, class Writer, class Fourth> struct Job {
         fourth.put(pixels);
     }
 
-    ORVA_INLINE void unit() {
-        const Vec128 pixels = reader.takePair();
-        writer.putPair(math(Pixels8<Vec128>{pixels, pixels}));
-        fourth.putPair(pixels);
+    template <uint32_t count> ORVA_INLINE void units() {
+        const Pixels8<Vec128> pixels = reader.template takePairs<count>();
+        writer.template putPairs<count>(math(pixels));
+        fourth.template putPairs<count>(pixels);
     }
 
     ORVA_INLINE void endRow() {

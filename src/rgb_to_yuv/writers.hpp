@@ -24,9 +24,10 @@ public:
         dst += V::bytes;
     }
 
-    ORVA_INLINE void putPair(const YuvWords<Vec128>& samples) {
-        Layout::join(samples.luma, samples.chroma).store4(dst);
-        dst += 4;
+    // Up to 4 pairs of pixels.
+    template <uint32_t count> ORVA_INLINE void putPairs(const YuvWords<Vec128>& samples) {
+        Layout::join(samples.luma, samples.chroma).template storeFirst<4 * count>(dst);
+        dst += 4 * count;
     }
 
     ORVA_INLINE void endRow() { dst.endRow(); }
@@ -55,11 +56,11 @@ public:
         chroma += V::bytes / 2;
     }
 
-    ORVA_INLINE void putPair(const YuvWords<Vec128>& samples) {
-        packBytes(samples.luma, samples.luma).store2(luma);
-        packBytes(samples.chroma, samples.chroma).store2(chroma);
-        luma += 2;
-        chroma += 2;
+    template <uint32_t count> ORVA_INLINE void putPairs(const YuvWords<Vec128>& samples) {
+        packBytes(samples.luma, samples.luma).storeFirst<2 * count>(luma);
+        packBytes(samples.chroma, samples.chroma).storeFirst<2 * count>(chroma);
+        luma += 2 * count;
+        chroma += 2 * count;
     }
 
     ORVA_INLINE void endRow() {
@@ -76,7 +77,7 @@ class FourthDropped {
 public:
     ORVA_INLINE explicit FourthDropped(const Descriptor&) {}
     template <class V> ORVA_INLINE void put(const Pixels8<V>&) {}
-    ORVA_INLINE void putPair(Vec128) {}
+    template <uint32_t> ORVA_INLINE void putPairs(const Pixels8<Vec128>&) {}
     ORVA_INLINE void endRow() {}
 };
 
@@ -89,9 +90,9 @@ public:
         dst += V::bytes / 2;
     }
 
-    ORVA_INLINE void putPair(Vec128 pixels) {
-        fourthBytes(Pixels8<Vec128>{pixels, pixels}).store2(dst);
-        dst += 2;
+    template <uint32_t count> ORVA_INLINE void putPairs(const Pixels8<Vec128>& pixels) {
+        fourthBytes(pixels).storeFirst<2 * count>(dst);
+        dst += 2 * count;
     }
 
     ORVA_INLINE void endRow() { dst.endRow(); }

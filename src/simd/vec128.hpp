@@ -43,31 +43,55 @@ struct Vec128 {
         _mm_storeh_pi(reinterpret_cast<__m64*>(high), _mm_castsi128_ps(v));
     }
 
-    // Row ends: the lowest bytes only, the rest zero.
+    // Row ends: the lowest 2, 4, 8, 12 or all 16 bytes only, the rest zero.
+    template <uint32_t count> ORVA_INLINE static Vec128 loadFirst(const uint8_t* p) {
+        if constexpr (count == 2)
+            return {_mm_cvtsi32_si128(p[0] | p[1] << 8)};
+        else if constexpr (count == 12)
+            return {_mm_unpacklo_epi64(load8(p).v, load4(p + 8).v)};
+        else
+            return count == 4 ? load4(p) : count == 8 ? load8(p) : load(p);
+    }
+    // The same number of bytes in the low half from one place and in the high half from another.
+    template <uint32_t count>
+    ORVA_INLINE static Vec128 loadFirstHalves(const uint8_t* low, const uint8_t* high) {
+        return {_mm_unpacklo_epi64(loadFirst<count>(low).v, loadFirst<count>(high).v)};
+    }
     ORVA_INLINE static Vec128 load4(const uint8_t* p) { return {_mm_loadu_si32(p)}; }
     ORVA_INLINE static Vec128 load8(const uint8_t* p) {
         return {_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))};
     }
-    ORVA_INLINE static Vec128 loadHalves2(const uint8_t* low, const uint8_t* high) {
-        const __m128i lowWord = _mm_cvtsi32_si128(low[0] | low[1] << 8);
-        return {_mm_insert_epi16(lowWord, high[0] | high[1] << 8, 4)};
+    // 2 or 4 dwords that lie apart.
+    template <uint32_t count> ORVA_INLINE static Vec128 gather(const uint8_t* p, size_t step) {
+        const Vec128 two{_mm_unpacklo_epi32(load4(p).v, load4(p + step).v)};
+        if constexpr (count == 2)
+            return two;
+        else
+            return {_mm_unpacklo_epi64(two.v, gather<2>(p + 2 * step, step).v)};
     }
     ORVA_INLINE static Vec128 fromDwords(uint32_t first, uint32_t second) {
         return {_mm_unpacklo_epi32(_mm_cvtsi32_si128(int(first)), _mm_cvtsi32_si128(int(second)))};
     }
-    ORVA_INLINE void store2(uint8_t* p) const {
-        p[0] = uint8_t(low32());
-        p[1] = uint8_t(low32() >> 8);
+    // The lowest 2, 4, 6, 8, 12 or all 16 bytes.
+    template <uint32_t count> ORVA_INLINE void storeFirst(uint8_t* p) const {
+        if constexpr (count == 2) {
+            p[0] = uint8_t(low32());
+            p[1] = uint8_t(low32() >> 8);
+        } else if constexpr (count == 6) {
+            store4(p);
+            Vec128{_mm_srli_si128(v, 4)}.storeFirst<2>(p + 4);
+        } else if constexpr (count == 12) {
+            store8(p);
+            Vec128{_mm_srli_si128(v, 8)}.store4(p + 8);
+        } else {
+            count == 4 ? store4(p) : count == 8 ? store8(p) : store(p);
+        }
     }
     ORVA_INLINE void store4(uint8_t* p) const { _mm_storeu_si32(p, v); }
     ORVA_INLINE void store8(uint8_t* p) const {
         _mm_storel_epi64(reinterpret_cast<__m128i*>(p), v);
     }
     ORVA_INLINE uint32_t low32() const { return uint32_t(_mm_cvtsi128_si32(v)); }
-
-    ORVA_INLINE uint32_t secondDword() const {
-        return uint32_t(_mm_cvtsi128_si32(_mm_srli_si128(v, 4)));
-    }
 
     ORVA_INLINE Vec128 firstLane() const { return *this; }
 };

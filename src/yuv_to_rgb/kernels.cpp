@@ -34,7 +34,10 @@ template <class Reader, class Fourth, class Math, class Writer> struct Job {
         }
     }
 
-    ORVA_INLINE void unit() { writer.putPair(math(reader.takePair(), fourth.takePair()).a); }
+    template <uint32_t count> ORVA_INLINE void units() {
+        writer.template putPairs<count>(
+            math(reader.template takePairs<count>(), fourth.template takePairs<count>()));
+    }
 
     ORVA_INLINE void endRow() {
         reader.endRow();

@@ -19,9 +19,10 @@ public:
         return split(words);
     }
 
-    ORVA_INLINE Yuv<Vec128> takePair() {
-        const Vec128 words = Vec128::load4(src);
-        src += 4;
+    // Up to 4 pairs of pixels.
+    template <uint32_t count> ORVA_INLINE Yuv<Vec128> takePairs() {
+        const Vec128 words = Vec128::loadFirst<4 * count>(src);
+        src += 4 * count;
         return split(words);
     }
 
@@ -50,10 +51,10 @@ public:
         return split(bytes);
     }
 
-    ORVA_INLINE Yuv<Vec128> takePair() {
-        const Vec128 bytes = Vec128::loadHalves2(luma, chroma);
-        luma += 2;
-        chroma += 2;
+    template <uint32_t count> ORVA_INLINE Yuv<Vec128> takePairs() {
+        const Vec128 bytes = Vec128::loadFirstHalves<2 * count>(luma, chroma);
+        luma += 2 * count;
+        chroma += 2 * count;
         return split(bytes);
     }
 
@@ -86,11 +87,14 @@ public:
         return sampled(first, second);
     }
 
-    ORVA_INLINE Yuv<Vec128> takePair() {
-        const Vec128 pairs =
-            Vec128::fromDwords(Vec128::load4(src).low32(), Vec128::load4(src + 4 * factor).low32());
-        src += 8 * factor;
-        return sampled(pairs, pairs);
+    template <uint32_t count> ORVA_INLINE Yuv<Vec128> takePairs() {
+        const uint8_t* const first = src;
+        src += 8 * factor * count;
+        if constexpr (count == 4)
+            return sampled(Vec128::gather<4>(first, 4 * factor),
+                           Vec128::gather<4>(first + 16 * factor, 4 * factor));
+        else
+            return sampled(Vec128::gather<2 * count>(first, 4 * factor), Vec128::zero());
     }
 
     ORVA_INLINE void endRow() {
@@ -115,7 +119,7 @@ class NoFourth {
 public:
     ORVA_INLINE explicit NoFourth(const Descriptor&) {}
     template <class V> ORVA_INLINE V take() { return V::zero(); }
-    ORVA_INLINE Vec128 takePair() { return Vec128::zero(); }
+    template <uint32_t> ORVA_INLINE Vec128 takePairs() { return Vec128::zero(); }
     ORVA_INLINE void endRow() {}
 };
 
@@ -132,7 +136,7 @@ public:
         : block(Wide::all16(int16_t(d.alphaValue))), pair(pairwiseConstant(d).firstLane()) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(block); }
-    ORVA_INLINE Vec128 takePair() { return pair; }
+    template <uint32_t> ORVA_INLINE Vec128 takePairs() { return pair; }
     ORVA_INLINE void endRow() {}
 
 private:
@@ -146,7 +150,7 @@ public:
     ORVA_INLINE explicit PairwiseConstantFourth(const Descriptor& d) : pairs(pairwiseConstant(d)) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(pairs); }
-    ORVA_INLINE Vec128 takePair() { return pairs.firstLane(); }
+    template <uint32_t> ORVA_INLINE Vec128 takePairs() { return pairs.firstLane(); }
     ORVA_INLINE void endRow() {}
 
 private:
@@ -165,10 +169,10 @@ public:
         return unpackLow8(bytes, V::zero());
     }
 
-    ORVA_INLINE Vec128 takePair() {
-        const uint8_t* alpha = src + pixelsInPairs;
-        pixelsInPairs += 2;
-        return Vec128::all32(alpha[0] | uint32_t(alpha[1]) << 16);
+    template <uint32_t count> ORVA_INLINE Vec128 takePairs() {
+        const Vec128 bytes = Vec128::loadFirst<2 * count>(src + pixelsInPairs);
+        pixelsInPairs += 2 * count;
+        return unpackLow8(bytes, Vec128::zero());
     }
 
     ORVA_INLINE void endRow() {

@@ -31,12 +31,13 @@ public:
         dst += 2 * V::bytes;
     }
 
-    // A single pair is the first half of a block whose halves are the same.
-    ORVA_INLINE void unit() {
-        const HalfBlock<Vec128> pair = split(Vec128::load4(src));
-        join(math(WholeBlock<Vec128>{pair, pair})).first.store4(dst);
-        src += 4;
-        dst += 4;
+    // A single pair is the first half of a block whose halves are the same, and so are several,
+    // next to each other.
+    template <uint32_t count> ORVA_INLINE void units() {
+        const HalfBlock<Vec128> pairs = split(Vec128::loadFirst<4 * count>(src));
+        join(math(WholeBlock<Vec128>{pairs, pairs})).first.template storeFirst<4 * count>(dst);
+        src += 4 * count;
+        dst += 4 * count;
     }
 
     ORVA_INLINE void endRow() {

@@ -32,15 +32,15 @@ public:
         chroma += V::bytes;
     }
 
-    ORVA_INLINE void unit() {
-        const Vec128 words = Vec128::load4(src);
+    template <uint32_t count> ORVA_INLINE void units() {
+        const Vec128 words = Vec128::loadFirst<4 * count>(src);
         const Vec128 lumaWords = Layout::template luma<0>(words);
         const Vec128 chromaWords = Layout::template chroma<0>(words);
-        samples<Vec128>(lumaWords, lumaWords).store2(luma);
-        samples<Vec128>(chromaWords, chromaWords).store2(chroma);
-        src += 4;
-        luma += 2;
-        chroma += 2;
+        samples<Vec128>(lumaWords, lumaWords).template storeFirst<2 * count>(luma);
+        samples<Vec128>(chromaWords, chromaWords).template storeFirst<2 * count>(chroma);
+        src += 4 * count;
+        luma += 2 * count;
+        chroma += 2 * count;
     }
 
     ORVA_INLINE void endRow() {
