@@ -41,8 +41,11 @@ struct FillJob {
     }
 
     template <uint32_t count> ORVA_INLINE void units() {
-        for (uint32_t i = 0; i < count; ++i)
-            dst[i] = uint8_t(alpha.firstLane().low32());
+        if constexpr (count == 4)
+            alpha.firstLane().storeFirst<4>(dst);
+        else
+            for (uint32_t i = 0; i < count; ++i)
+                dst[i] = uint8_t(alpha.firstLane().low32());
         dst += count;
     }
 

@@ -57,7 +57,7 @@ template <class Format, class Order, class Loads> struct MoveJob {
 
     template <uint32_t count> ORVA_INLINE void units() {
         constexpr uint32_t bytes = count * Format::unitBytes;
-        if constexpr (Format::unitBytes == 4) {
+        if constexpr (bytes % 4 == 0) {
             Order::apply(Vec128::loadFirst<bytes>(src)).template storeFirst<bytes>(dst);
         } else {
             for (uint32_t i = 0; i < bytes; ++i)
