@@ -5,7 +5,6 @@
 #include <sys/mman.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstring>
 #include <fstream>
 #include <new>
@@ -36,11 +35,6 @@ size_t cacheBytes() {
     size_t kilobytes = 0;
     info >> kilobytes;
     return (kilobytes > 0 ? kilobytes : 32768) * 1024;
-}
-
-void reloadVectorRegisters() {
-    std::signal(SIGUSR1, [](int) {});
-    std::raise(SIGUSR1);
 }
 
 Ring::Ring() : size(std::max<size_t>(size_t(256) << 20, 8 * cacheBytes())) {

@@ -15,11 +15,6 @@ std::string processorName();
 // Of the last-level cache, in bytes.
 size_t cacheBytes();
 
-// Makes the system load all vector registers, as it does behind a signal's handler. In 32-bit
-// processes vzeroupper clears only half of the registers, and while the processor takes the upper
-// parts of the others for used, some run SSE code at a third of its speed.
-void reloadVectorRegisters();
-
 // One stretch of memory, all of its pages touched, that is cut into slots for frames. It is several
 // times as large as the cache: a frame in the next slot has left the cache since it was last used.
 class Ring {

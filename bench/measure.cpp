@@ -26,7 +26,6 @@ void measure(std::span<Competitor> competitors, Ring& ring, const Method& method
         for (Competitor& c : competitors) {
             const auto call = [&] { c.convert(c.layout.at(ring.next(slot, method.reuse))); };
             c.prepare();
-            reloadVectorRegisters();
             // Until the cache holds nothing but its own lines: it writes back those that others
             // left modified, and others write back its.
             const size_t moved = c.layout.bytesMoved();

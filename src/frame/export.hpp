@@ -7,6 +7,7 @@
 
 #include "frame/active_kernels.hpp"
 #include "frame/alignment.hpp"
+#include "frame/wide_registers.hpp"
 
 namespace orva {
 
@@ -15,6 +16,8 @@ template <class Kernels>
 inline void convert(const Kernels& kernels, bool (*isAligned)(const Descriptor&),
                     const Descriptor* d) {
     kernels.choose(isAligned(*d), *d)(*d);
+    if (activeKernels != kernelTables[0].kernels)
+        leaveWideRegisters();
 }
 
 }  // namespace orva

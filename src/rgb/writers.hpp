@@ -1,8 +1,6 @@
 // Where BGR pixels go: blocks of 8 or 16 of them in vectors, pairs and single pixels at row ends.
 #pragma once
 
-#include <algorithm>
-
 #include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
 #include "rgb/pixels.hpp"
@@ -80,7 +78,7 @@ public:
 
     template <uint32_t count> ORVA_INLINE void putPairs(const Pixels8<Vec128>& pixels) {
         const Packed24<Vec128> packed = pack24(pixels.a, pixels.b, pixels.b, pixels.b);
-        packed.first.storeFirst<std::min(6 * count, 16u)>(dst);
+        packed.first.storeFirst<count == 4 ? 16 : 6 * count>(dst);
         if constexpr (count == 4)
             packed.second.storeFirst<8>(dst + 16);
         dst += 6 * count;

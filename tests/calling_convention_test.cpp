@@ -1,0 +1,81 @@
+// What callers find as they left it, and what they need not care for.
+#include "support/exports.hpp"
+#include "support/tables.hpp"
+
+#include <xmmintrin.h>
+
+namespace test {
+namespace {
+
+// One row of pixels in every plane, enough for all conversions.
+template <class Call> void callEveryConversion(const Call& call) {
+    alignas(64) static uint8_t src[8192], srcAlpha[8192], dst[8192], dstAlpha[8192];
+    for (const Export& conversion : exports()) {
+        for (const uint32_t width : {96u, 70u}) {
+            for (int flags = 0; flags < 8; ++flags) {
+                OrvaConversionDescriptor d{};
+                d.srcData = src;
+                d.srcPlane2Data = srcAlpha;
+                d.dstData = dst;
+                d.dstPlane2Data = dstAlpha;
+                d.dstWidth = width;
+                d.srcHeight = d.dstHeight = 1;
+                d.srcPitch = d.dstPitch = d.dstPlane2Pitch = 96;
+                d.streamingStores = flags & 1;
+                d.clampStudio = flags & 2;
+                d.srcColorSpace = flags & 4;
+                call(conversion, &d);
+            }
+        }
+    }
+}
+
+TEST(FloatingPointControl, IsKept) {
+    const uint32_t kept = _mm_getcsr();
+    // Everything masked, and nothing else as it is by default: rounding upwards, denormals as zero,
+    // flushed to zero, one exception seen.
+    static constexpr uint32_t unusual = 0x1F80 | 0x4000 | 0x0040 | 0x8000 | 0x0020;
+    withEveryTable([] {
+        callEveryConversion([](const Export& conversion, const OrvaConversionDescriptor* d) {
+            _mm_setcsr(unusual);
+            conversion.call(d);
+            EXPECT_EQ(_mm_getcsr(), unusual) << conversion.name;
+        });
+    });
+    _mm_setcsr(kept);
+}
+
+#if defined(__i386__)
+
+// 32-bit hosts may call with a stack that is aligned to 4 bytes only: `past` bytes beyond a 16-byte
+// boundary.
+void callWithStack(uint32_t past, const Export& conversion, const OrvaConversionDescriptor* d) {
+    void* keptStack;
+    asm volatile("movl %%esp, %0\n\t"
+                 "andl $-64, %%esp\n\t"
+                 "subl %3, %%esp\n\t"
+                 "pushl %1\n\t"
+                 "call *%2\n\t"
+                 "movl %0, %%esp"
+                 : "=&b"(keptStack), "+a"(d)
+                 : "S"(conversion.call), "D"(16 - past)
+                 : "ecx", "edx", "memory", "cc");
+}
+
+TEST(StackAlignment, AnyMultipleOfFourWillDo) {
+    withEveryTable([] {
+        callEveryConversion([](const Export& conversion, const OrvaConversionDescriptor* d) {
+            for (const uint32_t past : {0u, 4u, 8u, 12u})
+                callWithStack(past, conversion, d);
+        });
+    });
+}
+
+#else
+
+TEST(StackAlignment, IsTheCallersDutyIn64BitBuilds) { GTEST_SKIP(); }
+
+#endif
+
+}  // namespace
+}  // namespace test
