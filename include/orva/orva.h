@@ -97,7 +97,7 @@ typedef struct OrvaConversionDescriptor {
  * - streamingStores changes how the destination is written, never what. No store fence is issued:
  *   a caller that hands the frame to another thread issues one.
  * - No rows or a dstWidth of 0 writes nothing.
- * - Source and destination must not overlap.
+ * - Source and destination must not overlap, nor may the planes of one image.
  * - Calls may run on any number of threads at once if their destinations do not overlap.
  *
  * "Source aligned" below means that the fast kernel needs every source row 16-byte aligned although

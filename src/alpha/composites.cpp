@@ -24,6 +24,8 @@ static void destinationBecomesAlpha(Descriptor& d) {
 static void fillAfter(Export colour, const Descriptor* d) {
     colour(d);
     Descriptor alpha = *d;
+    alpha.srcData = nullptr;
+    alpha.srcPitch = alpha.srcRowGap = 0;
     destinationBecomesAlpha(alpha);
     convert(activeKernels->alpha.fill, aligned::alphaPlane, &alpha);
 }

@@ -41,8 +41,8 @@ public:
 
     ORVA_INLINE const uint8_t* line() const { return used; }
 
-    // Asks for what the next line has in place of bytes of this line. Lines lie apart, which
-    // defeats the processor's own look-ahead: with it a row takes up to 1.8 times as long.
+    // Asks for what the next line has in place of bytes of this one. Lines lie apart, which defeats
+    // the processor's own look-ahead: left to that, a row takes up to 1.8 times as long.
     template <size_t bytes> ORVA_INLINE void fetchFromNextLine(const uint8_t* inThisLine) const {
         for (size_t i = 0; i < bytes; i += 64)
             __builtin_prefetch(inThisLine + (next() - used) + i);

@@ -5,7 +5,7 @@
 //     unitPixels                 pixels of a unit, the least it can convert: 1, or 2 for 4:2:2
 //     blockPixels                pixels of a block, the least it can convert with whole vectors
 //     streamedPixelBytes         bytes of a pixel that can be streamed, 0 if none can
-//     streamed()                 where the next block streams them, null if they cannot be here
+//     streamed()                 if any: where the next block's go, null if they cannot be here
 //     head()                     units from the destination pointer to the first 16-byte boundary
 //     blocks<V>(stores)          converts V::lanes blocks and moves on
 //     units<count>()             converts 1, 2 or 4 units and moves on
@@ -34,7 +34,7 @@ ORVA_INLINE void convertWith(Stores stores, Job& job, size_t blocks) {
 // memory of its own, and one that is also written through the cache costs several.
 template <class Job> ORVA_INLINE void convertStreaming(Job& job, size_t blocks) {
     constexpr size_t line = 64, blockBytes = Job::blockPixels * Job::streamedPixelBytes;
-    static_assert(blockBytes <= line);
+    static_assert(blockBytes <= line);  // so that a whole line never ends before the first block
     const uint8_t* const begin = job.streamed();
     const size_t toLine = -reinterpret_cast<uintptr_t>(begin) % line;
     if (begin == nullptr || blocks * blockBytes < toLine + line) {
@@ -60,7 +60,7 @@ template <class Stores, class Job> ORVA_INLINE void convertBlocks(Job& job, size
 }
 
 // Rows without gaps are one long row to a walk over whole blocks. Gaps of planes that a conversion
-// does not have may count too, since hosts leave them zero.
+// does not have count as well, which costs no more than the time that is saved here.
 ORVA_INLINE bool hasRowGaps(const Descriptor& d) {
     return (d.srcRowGap | d.dstRowGap | d.srcPlane2RowGap | d.dstPlane2RowGap) != 0;
 }

@@ -10,8 +10,8 @@ namespace orva {
 #if defined(__x86_64__)
 inline void leaveWideRegisters() {}
 #else
-// Brings the upper parts of all registers to their initial state. Needs a processor and a system
-// with AVX.
+// Loads the initial state of the upper parts, behind which the processor takes none for used. Needs
+// a processor and a system with AVX.
 void leaveWideRegisters();
 #endif
 

@@ -31,7 +31,8 @@ public:
 
     // As for 4 bytes per pair, although there are 8.
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(dst); }
-    // Cache lines have to begin and end alike on both lines of the picture.
+    // The walk knows the first of the two lines only: cache lines have to begin alike on both, and
+    // with the row.
     ORVA_INLINE uint8_t* streamed() const {
         return isAligned<64>(dst) && pitch % 64 == 0 ? dst.ifStreamable() : nullptr;
     }
