@@ -20,7 +20,8 @@ constexpr const char* usage = R"(orva-bench [OPTION...]
   --accuracy        only the table of the arithmetic's errors
   --filter TEXT     conversions whose names contain TEXT
   --compare FILE    with --targets: report.csv of another build
-  --streaming       only the table of streaming against ordinary stores over sizes
+  --streaming       only the table of streaming against ordinary stores over sizes; of the other
+                    options only --rounds and --cpu count
   --warm            one frame that stays in the cache instead of a ring of frames
   --rounds N        samples of each time (15)
   --cpu N           the core to run on
@@ -29,12 +30,19 @@ constexpr const char* usage = R"(orva-bench [OPTION...]
 )";
 
 struct Options {
-    bool full = false, targets = false, onlyHd = false, accuracy = false, streaming = false;
+    bool help = false, full = false, targets = false, onlyHd = false, accuracy = false,
+         streaming = false;
     std::string filter, compare, out = ".";
     Method method;
     int cpu = -1;
     std::vector<char*> ofGoogleBenchmark;
 };
+
+int number(const char* option, const std::string& value) try {
+    return std::stoi(value);
+} catch (const std::logic_error&) {
+    throw std::invalid_argument(std::string(option) + " needs a number, not '" + value + "'");
+}
 
 Options parse(int argc, char** argv) {
     Options options;
@@ -42,7 +50,8 @@ Options parse(int argc, char** argv) {
     const std::pair<std::string_view, bool*> switches[] = {
         {"--full", &options.full},         {"--targets", &options.targets},
         {"--hd", &options.onlyHd},         {"--accuracy", &options.accuracy},
-        {"--warm", &options.method.reuse}, {"--streaming", &options.streaming}};
+        {"--warm", &options.method.reuse}, {"--streaming", &options.streaming},
+        {"--help", &options.help}};
     const std::pair<std::string_view, std::string*> values[] = {{"--filter", &options.filter},
                                                                 {"--compare", &options.compare},
                                                                 {"--out", &options.out},
@@ -63,10 +72,10 @@ Options parse(int argc, char** argv) {
                 break;
             }
         if (!known)
-            throw std::invalid_argument(usage);
+            throw std::invalid_argument("unknown option " + std::string(name) + "\n" + usage);
     }
-    options.method.rounds = std::max(1, std::stoi(rounds));
-    options.cpu = std::stoi(cpu);
+    options.method.rounds = std::max(1, number("--rounds", rounds));
+    options.cpu = number("--cpu", cpu);
     return options;
 }
 
@@ -152,6 +161,10 @@ int report(const Options& options, Ring& ring) {
 
 int main(int argc, char** argv) try {
     Options options = parse(argc, argv);
+    if (options.help) {
+        std::cout << usage;
+        return 0;
+    }
     if (options.accuracy) {
         writeAccuracy(std::cout);
         return 0;

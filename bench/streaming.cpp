@@ -1,4 +1,4 @@
-// From which size of frames on streaming stores pay.
+// The sizes of frames from which on streaming stores pay.
 #include "report.hpp"
 
 #include <array>
@@ -16,7 +16,7 @@ static double streamingToOrdinary(const Case& c, Size size, Ring& ring, const Me
 void writeStreaming(std::ostream& out, Ring& ring, int rounds) {
     constexpr std::array conversions{"UYVY16I_UYVY16I", "BGR32I_BGR24I", "BGR32I_UYVY16I",
                                      "UYVY16I_BGR32I"};
-    out << "Time with streaming stores, in times of that with ordinary ones: frames fresh from "
+    out << "Time with streaming stores divided by time with ordinary ones: frames fresh from "
            "memory / one frame again and again\n\n| size |";
     for (const char* name : conversions)
         out << " " << name << " |";

@@ -34,7 +34,7 @@ ORVA_INLINE void convertWith(Stores stores, Job& job, size_t blocks) {
 // memory of its own, and one that is also written through the cache costs several.
 template <class Job> ORVA_INLINE void convertStreaming(Job& job, size_t blocks) {
     constexpr size_t line = 64, blockBytes = Job::blockPixels * Job::streamedPixelBytes;
-    static_assert(blockBytes <= line);  // so that a whole line never ends before the first block
+    static_assert(blockBytes <= line);  // so that lead <= whole
     const uint8_t* const begin = job.streamed();
     const size_t toLine = -reinterpret_cast<uintptr_t>(begin) % line;
     if (begin == nullptr || blocks * blockBytes < toLine + line) {

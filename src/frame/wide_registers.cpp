@@ -1,4 +1,4 @@
-// Loads the initial state of the AVX registers.
+// Loads the initial state of the upper halves of the AVX registers.
 #include "frame/wide_registers.hpp"
 
 #include <immintrin.h>

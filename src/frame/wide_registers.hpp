@@ -10,7 +10,7 @@ namespace orva {
 #if defined(__x86_64__)
 inline void leaveWideRegisters() {}
 #else
-// Loads the initial state of the upper parts, behind which the processor takes none for used. Needs
+// Loads the initial state of the upper parts, after which the processor takes none for used. Needs
 // a processor and a system with AVX.
 void leaveWideRegisters();
 #endif
