@@ -3,7 +3,7 @@
 #pragma once
 
 #include "frame/kernel.hpp"
-#include "simd/vector.hpp"
+#include "frame/memory_access.hpp"
 
 namespace orva::ORVA_ISA {
 
@@ -44,7 +44,7 @@ public:
     // Asks for what the next line has in place of bytes of this one. Lines lie apart, which defeats
     // the processor's own look-ahead: left to that, a row takes up to 1.8 times as long.
     template <size_t bytes> ORVA_INLINE void fetchFromNextLine(const uint8_t* inThisLine) const {
-        for (size_t i = 0; i < bytes; i += 64)
+        for (size_t i = 0; i < bytes; i += cacheLine)
             __builtin_prefetch(inThisLine + (next() - used) + i);
     }
 
@@ -63,6 +63,19 @@ private:
     const uint8_t* other;
     ptrdiff_t pairAdvance;
 };
+
+// Up to 8 dwords, each factor-th from p on; nothing between and behind them is read.
+struct FewDwords {
+    Vec128 first, second;
+};
+
+template <uint32_t factor, uint32_t count> ORVA_INLINE FewDwords fewDwords(const uint8_t* p) {
+    constexpr size_t step = 4 * factor;
+    if constexpr (count == 8)
+        return {Vec128::gather<4>(p, step), Vec128::gather<4>(p + 4 * step, step)};
+    else
+        return {Vec128::gather<count>(p, step), Vec128::zero()};
+}
 
 // 4 * V::lanes dwords in memory order, each factor-th from p on.
 template <class V, uint32_t factor> ORVA_INLINE V everyDword(const uint8_t* p) {

@@ -38,6 +38,9 @@ struct StreamingBetween {
     }
 };
 
+// Bytes that memory and caches exchange at once.
+inline constexpr unsigned cacheLine = 64;
+
 template <unsigned multiple> ORVA_INLINE bool isAligned(const void* p) {
     return reinterpret_cast<uintptr_t>(p) % multiple == 0;
 }

@@ -33,15 +33,15 @@ ORVA_INLINE void convertWith(Stores stores, Job& job, size_t blocks) {
 // Streams whole cache lines only. A line that is partly written past the cache costs a transfer to
 // memory of its own, and one that is also written through the cache costs several.
 template <class Job> ORVA_INLINE void convertStreaming(Job& job, size_t blocks) {
-    constexpr size_t line = 64, blockBytes = Job::blockPixels * Job::streamedPixelBytes;
-    static_assert(blockBytes <= line);  // so that lead <= whole
+    constexpr size_t blockBytes = Job::blockPixels * Job::streamedPixelBytes;
+    static_assert(blockBytes <= cacheLine);  // so that lead <= whole
     const uint8_t* const begin = job.streamed();
-    const size_t toLine = -reinterpret_cast<uintptr_t>(begin) % line;
-    if (begin == nullptr || blocks * blockBytes < toLine + line) {
+    const size_t toLine = -reinterpret_cast<uintptr_t>(begin) % cacheLine;
+    if (begin == nullptr || blocks * blockBytes < toLine + cacheLine) {
         convertWith(OrdinaryStores(), job, blocks);
         return;
     }
-    const size_t lines = (blocks * blockBytes - toLine) / line * line;
+    const size_t lines = (blocks * blockBytes - toLine) / cacheLine * cacheLine;
     const StreamingBetween stores{begin + toLine, begin + toLine + lines};
     const size_t lead = (toLine + blockBytes - 1) / blockBytes;
     const size_t whole = (toLine + lines) / blockBytes;

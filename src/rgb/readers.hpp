@@ -69,13 +69,9 @@ public:
     }
 
     template <uint32_t count> ORVA_INLINE Pixels8<Vec128> takePairs() {
-        const uint8_t* const first = src;
+        const FewDwords pixels = fewDwords<factor, 2 * count>(src);
         src += 8 * factor * count;
-        if constexpr (count == 4)
-            return {Vec128::gather<4>(first, 4 * factor),
-                    Vec128::gather<4>(first + 16 * factor, 4 * factor)};
-        else
-            return {Vec128::gather<2 * count>(first, 4 * factor), Vec128::zero()};
+        return {pixels.first, pixels.second};
     }
 
     ORVA_INLINE void endRow() {
@@ -148,8 +144,9 @@ public:
     template <class V> ORVA_INLINE Pixels8<V> take8() {
         const uint8_t* const begin = this->position();
         const Pixels8<V> pixels = Reader::template take8<V>();
-        for (const uint8_t* line = begin; line < this->position(); line += 64)
-            __builtin_prefetch(line + 1024);
+        constexpr ptrdiff_t ahead = 1024;  // bytes
+        for (const uint8_t* line = begin; line < this->position(); line += cacheLine)
+            __builtin_prefetch(line + ahead);
         return pixels;
     }
 };

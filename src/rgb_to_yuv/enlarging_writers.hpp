@@ -34,7 +34,8 @@ public:
     // The walk knows the first of the two lines only: cache lines have to begin alike on both, and
     // with the row.
     ORVA_INLINE uint8_t* streamed() const {
-        return isAligned<64>(dst) && pitch % 64 == 0 ? dst.ifStreamable() : nullptr;
+        const bool alike = isAligned<cacheLine>(dst) && pitch % ptrdiff_t(cacheLine) == 0;
+        return alike ? static_cast<uint8_t*>(dst) : nullptr;
     }
 
     template <class Stores, class V>

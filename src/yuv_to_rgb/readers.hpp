@@ -88,13 +88,9 @@ public:
     }
 
     template <uint32_t count> ORVA_INLINE Yuv<Vec128> takePairs() {
-        const uint8_t* const first = src;
+        const FewDwords pairs = fewDwords<factor, 2 * count>(src);
         src += 8 * factor * count;
-        if constexpr (count == 4)
-            return sampled(Vec128::gather<4>(first, 4 * factor),
-                           Vec128::gather<4>(first + 16 * factor, 4 * factor));
-        else
-            return sampled(Vec128::gather<2 * count>(first, 4 * factor), Vec128::zero());
+        return sampled(pairs.first, pairs.second);
     }
 
     ORVA_INLINE void endRow() {
