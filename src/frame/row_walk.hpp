@@ -118,11 +118,31 @@ template <unsigned unitBytes> ORVA_INLINE uint32_t unitsToBoundary(const uint8_t
         return past == 0 ? 0 : (16 - past) / unitBytes;
 }
 
+// Chooses between the two kinds of a conversion that offers run<clamped, fast, Stores>(descriptor),
+// so that it costs nothing not to clamp luma.
+template <class Conversion> struct Clamping {
+    template <bool fast, class Stores> static void run(const Descriptor& d) {
+        if (d.clampStudio)
+            Conversion::template run<true, fast, Stores>(d);
+        else
+            Conversion::template run<false, fast, Stores>(d);
+    }
+};
+
 // The kernels of a conversion, which offers run<fast, Stores>(descriptor).
 template <class Conversion>
 inline constexpr KernelSet kernelSet{
     Conversion::template run<true, OrdinaryStores>,
     Conversion::template run<true, StreamingStores>,
+    Conversion::template run<false, OrdinaryStores>,
+    Conversion::template run<false, StreamingStores>,
+};
+
+// The same where the fast walk is never taken.
+template <class Conversion>
+inline constexpr KernelSet generalKernelSet{
+    Conversion::template run<false, OrdinaryStores>,
+    Conversion::template run<false, StreamingStores>,
     Conversion::template run<false, OrdinaryStores>,
     Conversion::template run<false, StreamingStores>,
 };

@@ -49,32 +49,17 @@ template <class Reader, class Math, class Writer, class Fourth> struct Job {
 template <class Source, class Writer, class Fourth> struct Conversion {
     using Reader = std::conditional_t<Writer::isSemiPlanar, FetchingAhead<Source>, Source>;
 
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        if (d.clampStudio)
-            walkRows<fast, Stores>(Job<Reader, RgbToYuv<true>, Writer, Fourth>(d), d);
-        else
-            walkRows<fast, Stores>(Job<Reader, RgbToYuv<false>, Writer, Fourth>(d), d);
+    template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
+        walkRows<fast, Stores>(Job<Reader, RgbToYuv<clamped>, Writer, Fourth>(d), d);
     }
 };
 
-// The modes are always the general kernel.
 template <uint32_t factor, class Writer> struct Reduction {
-    template <bool clamped>
-    using Walked = Job<ReducingBgr32Reader<factor>, RgbToYuv<clamped>, Writer, FourthDropped>;
+    using Reader = ReducingBgr32Reader<factor>;
 
-    template <bool, class Stores> static void run(const Descriptor& d) {
-        const uint32_t rows = lineAddresses(d).rowCount;
-        if (d.clampStudio)
-            walkAnyWidth<Stores>(Walked<true>(d), rows, d.dstWidth);
-        else
-            walkAnyWidth<Stores>(Walked<false>(d), rows, d.dstWidth);
-    }
-};
-
-// Rows and width are the source's here.
-template <class Writer> struct Enlargement {
-    template <bool, class Stores> static void run(const Descriptor& d) {
-        Conversion<Bgr32Reader, Writer, FourthDropped>::template run<false, Stores>(d);
+    template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
+        walkAnyWidth<Stores>(Job<Reader, RgbToYuv<clamped>, Writer, FourthDropped>(d),
+                             lineAddresses(d).rowCount, d.dstWidth);
     }
 };
 
@@ -119,15 +104,17 @@ constexpr KernelSet withReducedStreaming(KernelSet kernels) {
 }
 
 template <class Writer, class Fourth = FourthDropped>
-constexpr KernelSet fromBgr32 = kernelSet<Conversion<Bgr32Reader, Writer, Fourth>>;
+constexpr KernelSet fromBgr32 = kernelSet<Clamping<Conversion<Bgr32Reader, Writer, Fourth>>>;
 
+// The modes are always the general kernel. The enlarging one has the source's rows and width.
 template <class Writer, class EnlargingWriter>
-constexpr ModeTable fromBgr32WithModes{{fromBgr32<Writer>, kernelSet<Reduction<2, Writer>>,
-                                        kernelSet<Reduction<4, Writer>>,
-                                        kernelSet<Enlargement<EnlargingWriter>>}};
+constexpr ModeTable fromBgr32WithModes{
+    {fromBgr32<Writer>, generalKernelSet<Clamping<Reduction<2, Writer>>>,
+     generalKernelSet<Clamping<Reduction<4, Writer>>>,
+     generalKernelSet<Clamping<Conversion<Bgr32Reader, EnlargingWriter, FourthDropped>>>}};
 
 template <class Writer>
-constexpr KernelSet fromBgr24 = kernelSet<Conversion<Bgr24Reader, Writer, FourthDropped>>;
+constexpr KernelSet fromBgr24 = kernelSet<Clamping<Conversion<Bgr24Reader, Writer, FourthDropped>>>;
 
 }  // namespace
 

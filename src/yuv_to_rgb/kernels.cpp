@@ -52,43 +52,36 @@ private:
 };
 
 template <class Reader, class Fourth, class Writer> struct Conversion {
-    template <bool clamped>
-    using Walked = Job<Reader, Fourth, YuvToRgb<clamped, EvenLuma::wraps>, Writer>;
-
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        if (d.clampStudio)
-            walkRows<fast, Stores>(Walked<true>(d), d);
-        else
-            walkRows<fast, Stores>(Walked<false>(d), d);
+    template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
+        using Math = YuvToRgb<clamped, EvenLuma::wraps>;
+        walkRows<fast, Stores>(Job<Reader, Fourth, Math, Writer>(d), d);
     }
 };
 
 // A mode that reduces by taking every factor-th pixel pair. It is always the general kernel, which
 // takes rows singly only below 8 pixels here.
 template <uint32_t factor> struct Reduction {
-    template <bool clamped>
-    using Walked = Job<ReducingReader<factor>, PairwiseConstantFourth,
-                       YuvToRgb<clamped, EvenLuma::isSigned>, Bgr32Writer>;
+    using Reader = ReducingReader<factor>;
+    using Fourth = PairwiseConstantFourth;
 
-    template <bool, class Stores> static void run(const Descriptor& d) {
-        const uint32_t rows = lineAddresses(d).rowCount;
-        if (d.clampStudio)
-            walkAnyWidth<Stores>(Walked<true>(d), rows, d.dstWidth, 8);
-        else
-            walkAnyWidth<Stores>(Walked<false>(d), rows, d.dstWidth, 8);
+    template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
+        using Math = YuvToRgb<clamped, EvenLuma::isSigned>;
+        walkAnyWidth<Stores>(Job<Reader, Fourth, Math, Bgr32Writer>(d), lineAddresses(d).rowCount,
+                             d.dstWidth, 8);
     }
 };
 
 template <class Reader, class Fourth>
-constexpr KernelSet toBgr32 = kernelSet<Conversion<Reader, Fourth, Bgr32Writer>>;
+constexpr KernelSet toBgr32 = kernelSet<Clamping<Conversion<Reader, Fourth, Bgr32Writer>>>;
 
 template <class Reader>
-constexpr KernelSet toBgr24 = kernelSet<Conversion<Reader, NoFourth, Bgr24Writer>>;
+constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourth, Bgr24Writer>>>;
 
 // The semi-planar export's reducing modes have always read a single packed plane, as UYVY16I's do.
 template <class Reader>
-constexpr ModeTable toBgr32WithModes{
-    {toBgr32<Reader, ConstantFourth>, kernelSet<Reduction<1>>, kernelSet<Reduction<2>>}};
+constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, ConstantFourth>,
+                                      generalKernelSet<Clamping<Reduction<1>>>,
+                                      generalKernelSet<Clamping<Reduction<2>>>}};
 
 }  // namespace
 

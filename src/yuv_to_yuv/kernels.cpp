@@ -29,10 +29,10 @@ constinit const YuvToYuvKernels yuvToYuvKernels{
     .middleSwap =
         withGeneralOf(kernelSet<Move<PackedPairs, MiddleBytesSwapped, UnalignedLoads>>, copy),
     .split = kernelSet<Split<Uyvy>>,
-    .uyvyMatrix = kernelSet<Matrix<Uyvy, Uyvy>>,
-    .yuyvMatrix = kernelSet<Matrix<Yuyv, Yuyv>>,
-    .uyvyToYuyvMatrix = kernelSet<Matrix<Uyvy, Yuyv>>,
-    .yuyvToUyvyMatrix = kernelSet<Matrix<Yuyv, Uyvy>>,
+    .uyvyMatrix = kernelSet<Clamping<Matrix<Uyvy, Uyvy>>>,
+    .yuyvMatrix = kernelSet<Clamping<Matrix<Yuyv, Yuyv>>>,
+    .uyvyToYuyvMatrix = kernelSet<Clamping<Matrix<Uyvy, Yuyv>>>,
+    .yuyvToUyvyMatrix = kernelSet<Clamping<Matrix<Yuyv, Uyvy>>>,
 };
 
 }  // namespace orva::ORVA_ISA

@@ -65,11 +65,8 @@ private:
 };
 
 template <class SourceLayout, class DestinationLayout> struct Matrix {
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        if (d.clampStudio)
-            walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, true>(d), d);
-        else
-            walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, false>(d), d);
+    template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
+        walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, clamped>(d), d);
     }
 };
 
