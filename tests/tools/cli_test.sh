@@ -79,6 +79,24 @@ run convert "${uyvy[@]}" --stats clip.uyvy precious
 same one.bgra precious
 grep -q '7 frames' errors || complain "no statistics: $(cat errors)"
 
+# A signal in the middle leaves no file. The frames come slowly enough for it.
+mkfifo frames
+"$orva" convert "${uyvy[@]}" frames unfinished.bgra &
+exec 3>frames
+cat frame.uyvy >&3
+for ((tries = 0; tries < 100; ++tries)); do
+    ls unfinished.bgra.part* >output 2>errors && break
+    sleep 0.1
+done
+[ -s output ] || complain "no temporary file: $(ls)"
+kill -TERM $!
+wait $! 2>errors
+status=$?
+exec 3>&-
+[ $status -eq 143 ] || complain "orva convert ended with $status, not by the signal"
+[ -z "$(find . -name 'unfinished*')" ] || complain "left behind: $(ls)"
+rm frames
+
 # The picture is the chart that the pattern draws in BGR32I itself, if matrix and range are right.
 # At this width its bars end between pixel pairs.
 bars=(--size 336x66)

@@ -2,6 +2,7 @@
 #include "files.hpp"
 
 #include "failure.hpp"
+#include "unfinished.hpp"
 
 #include <cerrno>
 #include <cstring>
@@ -88,11 +89,12 @@ OutputFile::OutputFile(const std::string& name) : shownName(name) {
         }
         const bool direct = fs::exists(target) && !fs::is_regular_file(target);
         if (!direct) {
-            temporary = temporaryName(target);
+            temporary = temporaryName(target).string();
+            setUnfinished(temporary.c_str());
         }
-        file.reset(std::fopen((direct ? target : temporary).string().c_str(), "wb"));
+        file.reset(std::fopen((direct ? target.string() : temporary).c_str(), "wb"));
         if (!file) {
-            temporary.clear();
+            forgetTemporary();
             fail(name, "cannot be written");
         }
     }
@@ -104,7 +106,13 @@ OutputFile::~OutputFile() {
         file.reset();
         std::error_code ignored;
         fs::remove(temporary, ignored);
+        forgetTemporary();
     }
+}
+
+void OutputFile::forgetTemporary() {
+    setUnfinished(nullptr);
+    temporary.clear();
 }
 
 void OutputFile::write(std::span<const std::byte> bytes) {
@@ -120,7 +128,7 @@ void OutputFile::commit() {
     if (!temporary.empty()) {
         file.reset();
         fs::rename(temporary, target);
-        temporary.clear();
+        forgetTemporary();
     }
 }
 

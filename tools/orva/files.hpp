@@ -39,7 +39,7 @@ private:
 };
 
 // Written to a temporary name beside the target and renamed by commit(); without commit() nothing
-// stays. Standard output ("-"), devices and pipes are written directly.
+// stays, nor after a signal. Standard output ("-"), devices and pipes are written directly.
 class OutputFile {
 public:
     explicit OutputFile(const std::string& name);
@@ -56,8 +56,10 @@ public:
 private:
     std::string shownName;
     std::filesystem::path target;
-    std::filesystem::path temporary;  // empty where the target is written directly
+    std::string temporary;  // empty where the target is written directly
     FileHandle file;
+
+    void forgetTemporary();
 };
 
 }  // namespace orva::tool
