@@ -58,8 +58,8 @@ template <class Reader, class Fourth, class Writer> struct Conversion {
     }
 };
 
-// A mode that reduces by taking every factor-th pixel pair. It is always the general kernel, which
-// takes rows singly only below 8 pixels here.
+// A mode that reduces by taking every factor-th pixel pair. Only rows below 8 pixels are all head
+// here.
 template <uint32_t factor> struct Reduction {
     using Reader = ReducingReader<factor>;
     using Fourth = PairwiseConstantFourth;
@@ -77,7 +77,8 @@ constexpr KernelSet toBgr32 = kernelSet<Clamping<Conversion<Reader, Fourth, Bgr3
 template <class Reader>
 constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourth, Bgr24Writer>>>;
 
-// The semi-planar export's reducing modes have always read a single packed plane, as UYVY16I's do.
+// The modes are always the general kernel. The semi-planar export's have always read a single
+// packed plane, as UYVY16I's do.
 template <class Reader>
 constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, ConstantFourth>,
                                       generalKernelSet<Clamping<Reduction<1>>>,

@@ -82,7 +82,7 @@ grep -q '7 frames' errors || complain "no statistics: $(cat errors)"
 # A signal in the middle leaves no file. The frames come slowly enough for it.
 mkfifo frames
 "$orva" convert "${uyvy[@]}" frames unfinished.bgra &
-exec 3>frames
+exec 3<>frames
 cat frame.uyvy >&3
 for ((tries = 0; tries < 100; ++tries)); do
     ls unfinished.bgra.part* >output 2>errors && break

@@ -88,11 +88,13 @@ OutputFile::OutputFile(const std::string& name) : shownName(name) {
             throw Failure(name + ": is a directory");
         }
         const bool direct = fs::exists(target) && !fs::is_regular_file(target);
-        if (!direct) {
+        if (direct) {
+            file.reset(std::fopen(target.string().c_str(), "wb"));
+        } else {
             temporary = temporaryName(target).string();
             setUnfinished(temporary.c_str());
+            file.reset(std::fopen(temporary.c_str(), "wb"));
         }
-        file.reset(std::fopen((direct ? target.string() : temporary).c_str(), "wb"));
         if (!file) {
             forgetTemporary();
             fail(name, "cannot be written");

@@ -39,7 +39,8 @@ private:
 };
 
 // Written to a temporary name beside the target and renamed by commit(); without commit() nothing
-// stays, nor after a signal. Standard output ("-"), devices and pipes are written directly.
+// stays, nor after a signal (unfinished.hpp). Standard output ("-"), devices and pipes are written
+// directly.
 class OutputFile {
 public:
     explicit OutputFile(const std::string& name);
@@ -59,7 +60,7 @@ private:
     std::string temporary;  // empty where the target is written directly
     FileHandle file;
 
-    void forgetTemporary();
+    void forgetTemporary();  // keeps errno
 };
 
 }  // namespace orva::tool

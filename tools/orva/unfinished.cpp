@@ -1,4 +1,4 @@
-// The output file that is not finished yet: a signal that ends the program removes it.
+// The output file that is not finished yet: SIGHUP, SIGINT and SIGTERM remove it.
 #include "unfinished.hpp"
 
 #if defined(_WIN32)
@@ -9,6 +9,7 @@ void orva::tool::setUnfinished(const char*) {}
 
 #include <atomic>
 #include <csignal>
+#include <initializer_list>
 #include <unistd.h>
 
 namespace orva::tool {
@@ -28,8 +29,8 @@ void removeUnfinished(int signal) {
 
 bool handleSignals() {
     for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
-        if (std::signal(signal, removeUnfinished) == SIG_IGN) {
-            std::signal(signal, SIG_IGN);
+        if (std::signal(signal, SIG_IGN) != SIG_IGN) {
+            std::signal(signal, removeUnfinished);
         }
     }
     return true;

@@ -1,4 +1,4 @@
-// The output file that is not finished yet: a signal that ends the program removes it.
+// The output file that is not finished yet: SIGHUP, SIGINT and SIGTERM remove it.
 #pragma once
 
 namespace orva::tool {
