@@ -130,21 +130,14 @@ template <class Conversion> struct Clamping {
 };
 
 // The kernels of a conversion, which offers run<fast, Stores>(descriptor).
-template <class Conversion>
+template <class Conversion, bool hasFastWalk = true>
 inline constexpr KernelSet kernelSet{
-    Conversion::template run<true, OrdinaryStores>,
-    Conversion::template run<true, StreamingStores>,
+    Conversion::template run<hasFastWalk, OrdinaryStores>,
+    Conversion::template run<hasFastWalk, StreamingStores>,
     Conversion::template run<false, OrdinaryStores>,
     Conversion::template run<false, StreamingStores>,
 };
-
-// The same where the fast walk is never taken.
 template <class Conversion>
-inline constexpr KernelSet generalKernelSet{
-    Conversion::template run<false, OrdinaryStores>,
-    Conversion::template run<false, StreamingStores>,
-    Conversion::template run<false, OrdinaryStores>,
-    Conversion::template run<false, StreamingStores>,
-};
+inline constexpr KernelSet generalKernelSet = kernelSet<Conversion, false>;
 
 }  // namespace orva::ORVA_ISA
