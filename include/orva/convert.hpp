@@ -1,4 +1,4 @@
-// ORVA for C++20: the conversions of <orva/orva.h> on images that know their size, every argument
+// ORVA for C++20: any pixel format to any other, on images that know their size, every argument
 // checked before a byte is touched.
 //
 //     orva::Image frame = ...;                                    // UYVY16I, filled by a decoder
@@ -9,6 +9,7 @@
 // No function here throws unless it returns a string or a vector, and only Image allocates.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <new>
@@ -24,36 +25,58 @@ namespace orva {
 
 // ---- Formats ------------------------------------------------------------------------------------
 
-// The layouts of <orva/orva.h>. A trailing A8P is an alpha plane beside the colour image.
+// Letters name the samples in memory order, numbers their bits or those of a pixel; P ends a plane,
+// I a plane in which samples are interleaved. A trailing A8P is an alpha plane beside the image.
 enum class Format : std::uint8_t {
-    UYVY16I,
-    YUYV16I,
-    UVYY16I,
-    Y8PUV8I,
-    BGR32I,
-    BGR24I,
-    A8P,
+    UYVY16I,  // 4:2:2 in one plane: Cb Y Cr Y
+    YUYV16I,  // Y Cb Y Cr
+    UVYY16I,  // Cb Cr Y Y
+    Y8PUV8I,  // a plane of Y, a plane of Cb Cr pairs
+    BGR32I,   // B G R A
+    BGR24I,   // B G R
+    A8P,      // alpha alone
     UYVY16IA8P,
     YUYV16IA8P,
     UVYY16IA8P,
     Y8PUV8IA8P,
     BGR24IA8P,
-    A8C,  // a source without planes: every pixel's alpha is Options::alpha
+    A8C,           // a source without planes: every pixel's alpha is Options::alpha
+    RGB24I,        // R G B
+    RGB32I,        // R G B A
+    ARGB32I,       // A R G B
+    ABGR32I,       // A B G R
+    Y8PU8PV8P,     // 4:2:2 in planes of Y, Cb and Cr
+    V210,          // 4:2:2 of 10 bits, 6 pixels in four little-endian 32-bit words
+    Y10PUV10I,     // as Y8PUV8I in 16-bit little-endian words whose upper 10 bits are used
+    Y10PU10PV10P,  // as Y8PU8PV8P in 16-bit little-endian words whose lower 10 bits are used
+    RGB24IA8P,
+};
+
+// What the samples of a format mean.
+enum class Model : std::uint8_t { alpha, rgb, ycbcr };
+
+// The planes that an image may have.
+enum PlaneIndex : std::uint8_t { mainPlane, chromaPlane, crPlane, alphaPlane, planeCount };
+
+// A plane's row is a run of units, each of which holds whole pixels.
+struct PlaneInfo {
+    std::uint8_t unitBytes = 0;   // 0: the format does not have this plane
+    std::uint8_t unitPixels = 0;  // 2 in 4:2:2, 6 in V210, else 1
 };
 
 // What a format stores.
 struct FormatInfo {
     Format format;
-    std::string_view name;        // as in the exports' names
+    std::string_view name;
     std::string_view otherNames;  // what other programs call it, separated by spaces; may be empty
     Format colour;                // the same without its alpha plane
-    std::uint8_t bytesPerPixel;   // of the main plane; 0 for A8C
-    bool pixelPairs;              // 4:2:2: widths must be even
-    bool chromaPlane;             // semi-planar: a chroma plane with the luma plane's row length
-    bool alphaPlane;              // an alpha plane beside the main plane
+    Model model;
+    std::uint8_t bits;  // of a sample: 8 or 10
+    bool hasAlpha;      // as a fourth byte, as a plane, or alone
+    std::array<PlaneInfo, planeCount> planes;
 };
 
-// Never fails for an enumerator of Format.
+// Never fails for an enumerator of Format; any other value gets A8C.
 const FormatInfo& formatInfo(Format format) noexcept;
 
 // Every format, in the order of the enumeration.
@@ -62,37 +85,43 @@ std::span<const FormatInfo> formats() noexcept;
 // The format with this name or other name, upper or lower case; empty if there is none.
 std::optional<Format> formatNamed(std::string_view name) noexcept;
 
+// Bytes of a row without any gap behind it: whole units, of which the last may be partly used. 0
+// for a plane that the format does not have.
+std::uint64_t rowBytes(Format format, PlaneIndex plane, std::uint32_t width) noexcept;
+
 // ---- Images -------------------------------------------------------------------------------------
 
 // One plane in memory that somebody else owns. `bytes` is all of the plane's memory from its lowest
 // address on, row gaps included; only the last row's gap may be missing.
 //
-// `pitch` is the distance in bytes from a row to the next one below it. A negative pitch is a
-// bottom-up image: its first row is the last one in `bytes`.
+// `pitch` is the distance in bytes from a row to the next one below it, at least a row long. A
+// negative pitch is a bottom-up image: its first row is the last one in `bytes`.
 template <class Byte> struct BasicPlane {
     std::span<Byte> bytes;
     std::ptrdiff_t pitch = 0;
 };
 
-// An image in memory that somebody else owns. Planes that the format does not have stay empty.
+// An image in memory that somebody else owns, at any addresses and with any pitches. Planes that
+// the format does not have stay empty.
 //
-// `main` holds the packed pixels, the luma of semi-planar formats or the alpha of A8P. `chroma` is
-// the semi-planar formats' Cb Cr plane: it has luma's pitch, and its first row begins pitch *
-// height bytes after luma's first row. `alpha` is the alpha plane of formats whose name ends in
-// A8P.
+// The first pixel of a row is where the plane's row begins: a crop begins at any pixel of RGB and
+// alpha, at an even one of 4:2:2, at a multiple of 6 of V210. A width may be odd in every format;
+// what a last unit holds beyond it is not part of the picture.
 template <class Byte> struct BasicImageView {
     Format format = Format::A8C;
     std::uint32_t width = 0;   // pixels
     std::uint32_t height = 0;  // rows
-    BasicPlane<Byte> main;
-    BasicPlane<Byte> chroma;
-    BasicPlane<Byte> alpha;
+    BasicPlane<Byte> main;     // packed samples, luma, or alpha alone
+    BasicPlane<Byte> chroma;   // pairs of Cb and Cr, or Cb where Cr has a plane of its own
+    BasicPlane<Byte> cr;
+    BasicPlane<Byte> alpha;  // of formats whose name ends in A8P
 
     operator BasicImageView<const Byte>() const noexcept requires(!std::is_const_v<Byte>) {
         const auto readOnly = [](const BasicPlane<Byte>& plane) {
             return BasicPlane<const Byte>{plane.bytes, plane.pitch};
         };
-        return {format, width, height, readOnly(main), readOnly(chroma), readOnly(alpha)};
+        return {format,           width,        height,         readOnly(main),
+                readOnly(chroma), readOnly(cr), readOnly(alpha)};
     }
 };
 
@@ -101,22 +130,34 @@ using ConstPlane = BasicPlane<const std::byte>;
 using ImageView = BasicImageView<std::byte>;
 using ConstImageView = BasicImageView<const std::byte>;
 
-// An image that owns its memory, laid out so that every conversion takes its fast path where the
-// width allows: planes begin at multiples of 64 bytes, pitches are multiples of 64 (BGR24I: 192).
-// The memory is zero at first. Moving keeps the planes where they are and leaves an empty A8C
-// image.
+// The plane with this index.
+template <class Byte>
+BasicPlane<Byte>& planeOf(BasicImageView<Byte>& image, PlaneIndex plane) noexcept {
+    return plane == mainPlane     ? image.main
+           : plane == chromaPlane ? image.chroma
+           : plane == crPlane     ? image.cr
+                                  : image.alpha;
+}
+template <class Byte>
+const BasicPlane<Byte>& planeOf(const BasicImageView<Byte>& image, PlaneIndex plane) noexcept {
+    return planeOf(const_cast<BasicImageView<Byte>&>(image), plane);
+}
+
+// An image that owns its memory: planes begin at multiples of 64 bytes, and pitches are such
+// multiples. The memory is zero at first. Moving keeps the planes where they are and leaves an
+// empty A8C image.
 class Image {
 public:
-    // Empty if the format has no planes, if a 4:2:2 width is odd, if the size is beyond what
-    // convert() takes, or if there is not enough memory.
+    // Empty if the format has no planes or is none, or if there is not enough memory.
     static std::optional<Image> create(Format format, std::uint32_t width,
                                        std::uint32_t height) noexcept;
 
     Image(Image&& other) noexcept
         : memory(std::exchange(other.memory, nullptr)), planes(std::exchange(other.planes, {})) {}
     Image& operator=(Image&& other) noexcept {
-        std::swap(memory, other.memory);
-        std::swap(planes, other.planes);
+        Image taken(std::move(other));
+        std::swap(memory, taken.memory);
+        std::swap(planes, taken.planes);
         return *this;
     }
     ~Image();
@@ -140,19 +181,15 @@ private:
 
 enum class ErrorCode : std::uint8_t {
     none,
-    noSuchConversion,  // the two formats have no conversion
-    wrongLayout,    // with these two matrices the library writes another layout than the named one
-    badOption,      // an option outside its range
-    sizeMismatch,   // the images differ in width or height
-    oddWidth,       // 4:2:2 needs whole pixel pairs
-    sizeOverflow,   // a size does not fit the 32-bit fields of the C interface
-    nullPlane,      // a plane that the format has is empty
-    pitchBelowRow,  // rows would overlap one another
-    shortPlane,     // a plane is shorter than its rows
-    chromaPlacement,  // a chroma plane is not where the format puts it
-    misaligned,       // a plane's rows begin at addresses that no kernel takes
-    overlap,          // two planes share bytes, at least one of them written
-    badRows,          // rows outside the image
+    badFormat,         // a value that is no format
+    noSuchConversion,  // colour out of alpha alone, or alpha out of colour without alpha
+    badOption,         // an option outside its range
+    sizeMismatch,      // the images differ in width or height
+    nullPlane,         // a plane that the format has is empty
+    pitchBelowRow,     // rows would overlap one another
+    shortPlane,        // a plane is shorter than its rows
+    overlap,           // two planes share bytes, at least one of them written
+    badRows,           // rows outside the image
 };
 
 // How a conversion went. Tests as true if it was done; else nothing has been read or written.
@@ -170,18 +207,31 @@ struct [[nodiscard]] Result {
 
 // ---- Conversion ---------------------------------------------------------------------------------
 
-enum class Matrix : std::uint8_t { bt601, bt709 };
+// How YCbCr is made of R'G'B': ITU-R BT.601, BT.709, BT.2020 with non-constant luminance.
+enum class Matrix : std::uint8_t { bt601, bt709, bt2020 };
+
+// Which codes mean black to white, and the least to the greatest chroma: of 8 bits, 16 to 235 and
+// 16 to 240 (studio), or 0 to 255 and 0.5 to 255.5 (full). RGB is always full.
 enum class Range : std::uint8_t { studio, full };
+
+// Where 4:2:2 chroma lies. Cosited: on the even pixels; an odd pixel takes the mean of its
+// neighbours' (the last one its left neighbour's), and what is made of RGB is filtered by 1/4 1/2
+// 1/4 around the even pixel, with the row's first and last pixel repeated beyond its ends. Nearest:
+// both pixels of a pair take the pair's, and the even pixel's is kept.
+enum class Chroma : std::uint8_t { cosited, nearest };
+
+// Whether frames are written past the cache, which is faster where they are not read again soon.
+// Never changes a byte. Automatic: where a call's rows are more than caches hold.
+enum class Streaming : std::uint8_t { automatic, never, always };
 
 struct Options {
     Matrix srcMatrix = Matrix::bt709;  // of a YCbCr source
     Matrix dstMatrix = Matrix::bt709;  // of a YCbCr destination
-    Range range = Range::studio;       // of YCbCr luma, between YCbCr and BGR
-    bool clampStudio = false;          // clamp luma to 16..235 wherever colours are computed
-    int alpha = 255;                   // 0..255: alpha of a destination whose source has none
-    // Write past the cache where possible: for frames that are not read again soon. Never changes
-    // a byte. A store fence is issued, so the frame may go to another thread at once.
-    bool streaming = false;
+    Range srcRange = Range::studio;    // of a YCbCr source
+    Range dstRange = Range::studio;    // of a YCbCr destination
+    Chroma chroma = Chroma::cosited;
+    int alpha = 255;  // 0..255: alpha of a destination whose source has none
+    Streaming streaming = Streaming::automatic;
 };
 
 // Some rows of both images, counted from the top; all of them by default.
@@ -191,24 +241,23 @@ struct RowRange {
 };
 
 // Converts the source into the destination, which has the same size. Every byte of the
-// destination's rows is written, and nothing outside them.
+// destination's rows is written and nothing outside them, nothing outside the source's rows is
+// read, and what was stored past the cache is seen by every thread afterwards.
 //
-// Refuses, before it touches memory, whatever it cannot convert rightly; Result tells why. It calls
-// the export of the two formats where that gives the right picture and other exports where those
-// do, so these hold for every pair and every address that is not refused:
-// - alpha that the source does not have is Options::alpha in every pixel, and alpha that it has
-//   goes to its own pixel;
-// - the picture does not depend on addresses and pitches, with one exception: between different
-//   matrices of two YCbCr formats, pixels at which chroma changes may differ where the
-//   destination's address divides a row into other blocks;
-// - converting the rows in ranges, in any order and on any threads, gives the same bytes as
-//   converting them all at once.
+// No sample is further than 0.6 of a code from the real value that the standards define; samples
+// outside their nominal range keep their value and saturate only where the destination ends (in
+// V210 at 4 and 1019: its other codes are reserved). Same format, matrix and range: the bytes are
+// moved. Beyond the last pixel of an odd row, 4:2:2 repeats its luma, and V210 is zero beyond the
+// last pair.
 //
-// Rows of the destination must begin at multiples of 8 bytes from YCbCr to BGR32I, of 4 between
-// YCbCr formats of different matrices, and of 2 from YCbCr to BGR24I. Otherwise any address and
-// pitch will do, at best multiples of 64 as in Image.
+// Alpha that the source has goes to its own pixel, or is dropped where the destination has none;
+// alpha that it does not have is Options::alpha in every pixel.
 //
-// Does not allocate. An empty image or row range is done at once.
+// The two images may share a plane in which both keep the same number of bytes per pixel: first
+// rows at the same address, with the same pitch. Any other overlap is refused.
+//
+// Converting the rows in ranges, in any order and on any threads, gives the same bytes as
+// converting them all at once. Does not allocate. An empty image or row range is done at once.
 Result convert(const ConstImageView& source, const ImageView& destination,
                const Options& options = {}, RowRange rows = {}) noexcept;
 
@@ -218,10 +267,11 @@ struct Conversion {
     Format destination;
 };
 
-// Every pair, in the order of the library's export list.
+// Every pair, by source and then destination in the order of the enumeration.
 std::vector<Conversion> conversions();
 
-// Whether convert() knows the pair.
+// Whether convert() knows the pair: all pairs of colours, alpha to alpha, and colour with alpha to
+// alpha alone.
 bool canConvert(Format source, Format destination) noexcept;
 
 }  // namespace orva
