@@ -1,4 +1,4 @@
-// The table of formats and the look-up by name.
+// The table of formats, the look-up by name, and which pairs convert.
 #include <orva/convert.hpp>
 
 #include <algorithm>
@@ -7,23 +7,68 @@
 namespace orva {
 namespace {
 
-constexpr bool pairs = true, chroma = true, alpha = true;
-constexpr bool none = false;
+constexpr PlaneInfo none{}, alphaBytes{1, 1};
 
-constexpr std::array<FormatInfo, 13> table = {{
-    {Format::UYVY16I, "UYVY16I", "uyvy422 uyvy 2vuy", Format::UYVY16I, 2, pairs, none, none},
-    {Format::YUYV16I, "YUYV16I", "yuyv422 yuyv yuy2", Format::YUYV16I, 2, pairs, none, none},
-    {Format::UVYY16I, "UVYY16I", "", Format::UVYY16I, 2, pairs, none, none},
-    {Format::Y8PUV8I, "Y8PUV8I", "nv16", Format::Y8PUV8I, 1, pairs, chroma, none},
-    {Format::BGR32I, "BGR32I", "bgra bgr0", Format::BGR32I, 4, none, none, none},
-    {Format::BGR24I, "BGR24I", "bgr24", Format::BGR24I, 3, none, none, none},
-    {Format::A8P, "A8P", "gray gray8", Format::A8P, 1, none, none, none},
-    {Format::UYVY16IA8P, "UYVY16IA8P", "", Format::UYVY16I, 2, pairs, none, alpha},
-    {Format::YUYV16IA8P, "YUYV16IA8P", "", Format::YUYV16I, 2, pairs, none, alpha},
-    {Format::UVYY16IA8P, "UVYY16IA8P", "", Format::UVYY16I, 2, pairs, none, alpha},
-    {Format::Y8PUV8IA8P, "Y8PUV8IA8P", "", Format::Y8PUV8I, 1, pairs, chroma, alpha},
-    {Format::BGR24IA8P, "BGR24IA8P", "", Format::BGR24I, 3, none, none, alpha},
-    {Format::A8C, "A8C", "", Format::A8C, 0, none, none, none},
+using Planes = std::array<PlaneInfo, planeCount>;
+
+// Planes in the order of PlaneIndex.
+constexpr Planes packed{{{4, 2}, none, none, none}};
+constexpr Planes semiPlanar{{{2, 2}, {2, 2}, none, none}};
+constexpr Planes pixels32{{{4, 1}, none, none, none}};
+constexpr Planes pixels24{{{3, 1}, none, none, none}};
+
+constexpr Planes withAlpha(Planes planes) {
+    planes[alphaPlane] = alphaBytes;
+    return planes;
+}
+
+constexpr Model alpha = Model::alpha, rgb = Model::rgb, ycbcr = Model::ycbcr;
+
+constexpr std::array<FormatInfo, 22> table = {{
+    {Format::UYVY16I, "UYVY16I", "uyvy422 uyvy 2vuy hdyc", Format::UYVY16I, ycbcr, 8, false,
+     packed},
+    {Format::YUYV16I, "YUYV16I", "yuyv422 yuyv yuy2", Format::YUYV16I, ycbcr, 8, false, packed},
+    {Format::UVYY16I, "UVYY16I", "", Format::UVYY16I, ycbcr, 8, false, packed},
+    {Format::Y8PUV8I, "Y8PUV8I", "nv16", Format::Y8PUV8I, ycbcr, 8, false, semiPlanar},
+    {Format::BGR32I, "BGR32I", "bgra bgrx bgr0", Format::BGR32I, rgb, 8, true, pixels32},
+    {Format::BGR24I, "BGR24I", "bgr24 bgr", Format::BGR24I, rgb, 8, false, pixels24},
+    {Format::A8P, "A8P", "gray gray8", Format::A8P, alpha, 8, true, {{alphaBytes}}},
+    {Format::UYVY16IA8P, "UYVY16IA8P", "uyva", Format::UYVY16I, ycbcr, 8, true, withAlpha(packed)},
+    {Format::YUYV16IA8P, "YUYV16IA8P", "", Format::YUYV16I, ycbcr, 8, true, withAlpha(packed)},
+    {Format::UVYY16IA8P, "UVYY16IA8P", "", Format::UVYY16I, ycbcr, 8, true, withAlpha(packed)},
+    {Format::Y8PUV8IA8P, "Y8PUV8IA8P", "", Format::Y8PUV8I, ycbcr, 8, true, withAlpha(semiPlanar)},
+    {Format::BGR24IA8P, "BGR24IA8P", "", Format::BGR24I, rgb, 8, true, withAlpha(pixels24)},
+    {Format::A8C, "A8C", "", Format::A8C, alpha, 8, true, {}},
+    {Format::RGB24I, "RGB24I", "rgb24 rgb", Format::RGB24I, rgb, 8, false, pixels24},
+    {Format::RGB32I, "RGB32I", "rgba rgbx rgb0", Format::RGB32I, rgb, 8, true, pixels32},
+    {Format::ARGB32I, "ARGB32I", "argb xrgb 0rgb", Format::ARGB32I, rgb, 8, true, pixels32},
+    {Format::ABGR32I, "ABGR32I", "abgr xbgr 0bgr", Format::ABGR32I, rgb, 8, true, pixels32},
+    {Format::Y8PU8PV8P,
+     "Y8PU8PV8P",
+     "yuv422p i422 y42b",
+     Format::Y8PU8PV8P,
+     ycbcr,
+     8,
+     false,
+     {{{2, 2}, {1, 2}, {1, 2}, none}}},
+    {Format::V210, "V210", "", Format::V210, ycbcr, 10, false, {{{16, 6}, none, none, none}}},
+    {Format::Y10PUV10I,
+     "Y10PUV10I",
+     "p210le p210",
+     Format::Y10PUV10I,
+     ycbcr,
+     10,
+     false,
+     {{{4, 2}, {4, 2}, none, none}}},
+    {Format::Y10PU10PV10P,
+     "Y10PU10PV10P",
+     "yuv422p10le yuv422p10 i422-10le",
+     Format::Y10PU10PV10P,
+     ycbcr,
+     10,
+     false,
+     {{{4, 2}, {2, 2}, {2, 2}, none}}},
+    {Format::RGB24IA8P, "RGB24IA8P", "", Format::RGB24I, rgb, 8, true, withAlpha(pixels24)},
 }};
 
 static_assert([] {
@@ -55,7 +100,8 @@ constexpr bool listHolds(std::string_view list, std::string_view name) {
 }  // namespace
 
 const FormatInfo& formatInfo(Format format) noexcept {
-    return table[static_cast<std::size_t>(format)];
+    const auto index = static_cast<std::size_t>(format);
+    return table[index < table.size() ? index : static_cast<std::size_t>(Format::A8C)];
 }
 
 std::span<const FormatInfo> formats() noexcept { return table; }
@@ -67,6 +113,35 @@ std::optional<Format> formatNamed(std::string_view name) noexcept {
         }
     }
     return std::nullopt;
+}
+
+std::uint64_t rowBytes(Format format, PlaneIndex plane, std::uint32_t width) noexcept {
+    const PlaneInfo info = plane < planeCount ? formatInfo(format).planes[plane] : none;
+    if (info.unitBytes == 0) {
+        return 0;
+    }
+    const std::uint64_t units = (std::uint64_t{width} + info.unitPixels - 1) / info.unitPixels;
+    return units * info.unitBytes;
+}
+
+bool canConvert(Format source, Format destination) noexcept {
+    const FormatInfo &from = formatInfo(source), &to = formatInfo(destination);
+    if (from.format != source || to.format != destination || destination == Format::A8C) {
+        return false;
+    }
+    return to.model == Model::alpha ? from.hasAlpha : from.model != Model::alpha;
+}
+
+std::vector<Conversion> conversions() {
+    std::vector<Conversion> pairs;
+    for (const FormatInfo& source : table) {
+        for (const FormatInfo& destination : table) {
+            if (canConvert(source.format, destination.format)) {
+                pairs.push_back({source.format, destination.format});
+            }
+        }
+    }
+    return pairs;
 }
 
 }  // namespace orva

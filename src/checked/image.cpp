@@ -1,5 +1,5 @@
 // The memory of owning images.
-#include "validate.hpp"
+#include <orva/convert.hpp>
 
 #include <algorithm>
 #include <cstring>
@@ -18,22 +18,19 @@ constexpr std::uint64_t roundUp(std::uint64_t value, std::uint64_t multiple) {
 std::optional<Image> Image::create(Format format, std::uint32_t width,
                                    std::uint32_t height) noexcept {
     const FormatInfo& info = formatInfo(format);
-    if (info.bytesPerPixel == 0 || (info.pixelPairs && width % 2 != 0)) {
+    if (info.planes[mainPlane].unitBytes == 0) {
         return std::nullopt;
     }
-    // 192 is the least multiple of 64 that is one of 48, which the kernels for BGR24I ask for.
-    const std::uint64_t pitchUnit = info.bytesPerPixel == 3 ? 3 * planeAlignment : planeAlignment;
-    const std::uint64_t mainPitch = roundUp(std::uint64_t{width} * info.bytesPerPixel, pitchUnit);
-    const std::uint64_t alphaPitch = info.alphaPlane ? roundUp(width, planeAlignment) : 0;
-    const std::uint64_t mainSize = mainPitch * height;
-    const std::uint64_t chromaSize = info.chromaPlane ? mainSize : 0;
-    const std::uint64_t alphaSize = alphaPitch * height;
-    // With a legal pitch, the sum of these cannot overflow.
-    if (mainPitch > maximumPitch || chromaSize > maximumChromaDistance ||
-        mainSize + chromaSize + alphaSize > PTRDIFF_MAX) {
+    std::array<std::uint64_t, planeCount> pitches = {};
+    std::uint64_t pitch = 0;  // of all planes
+    for (std::uint8_t i = 0; i < planeCount; ++i) {
+        pitches[i] = roundUp(rowBytes(format, static_cast<PlaneIndex>(i), width), planeAlignment);
+        pitch += pitches[i];
+    }
+    if (height > 0 && pitch > PTRDIFF_MAX / height) {
         return std::nullopt;
     }
-    const auto size = static_cast<std::size_t>(mainSize + chromaSize + alphaSize);
+    const auto size = static_cast<std::size_t>(pitch * height);
 
     Image image;
     image.memory = ::operator new (std::max<std::size_t>(size, 1), std::align_val_t{planeAlignment},
@@ -42,20 +39,17 @@ std::optional<Image> Image::create(Format format, std::uint32_t width,
         return std::nullopt;
     }
     std::memset(image.memory, 0, size);
+    image.planes.format = format;
+    image.planes.width = width;
+    image.planes.height = height;
     auto* next = static_cast<std::byte*>(image.memory);
-    const auto place = [&next](std::uint64_t planeSize, std::uint64_t pitch) {
-        Plane plane{{next, static_cast<std::size_t>(planeSize)},
-                    static_cast<std::ptrdiff_t>(pitch)};
-        next += planeSize;
-        return plane;
-    };
-    image.planes = {format, width, height, {}, {}, {}};
-    image.planes.main = place(mainSize, mainPitch);
-    if (info.chromaPlane) {
-        image.planes.chroma = place(chromaSize, mainPitch);
-    }
-    if (info.alphaPlane) {
-        image.planes.alpha = place(alphaSize, alphaPitch);
+    for (std::uint8_t i = 0; i < planeCount; ++i) {
+        if (info.planes[i].unitBytes > 0) {
+            const auto bytes = static_cast<std::size_t>(pitches[i] * height);
+            planeOf(image.planes, static_cast<PlaneIndex>(i)) = {
+                {next, bytes}, static_cast<std::ptrdiff_t>(pitches[i])};
+            next += bytes;
+        }
     }
     return image;
 }

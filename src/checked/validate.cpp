@@ -1,4 +1,4 @@
-// The checks that depend on the two images and the options alone.
+// The only place that refuses.
 #include "validate.hpp"
 
 #include <array>
@@ -7,28 +7,31 @@
 namespace orva {
 namespace {
 
-enum PlaneIndex : std::size_t { mainPlane, chromaPlane, alphaPlane, planeCount };
-
 struct PlaneFields {
     std::string_view plane;
     std::string_view pitch;
 };
 
 struct ImageFields {
+    std::string_view format;
     std::string_view width;
     std::string_view height;
     std::array<PlaneFields, planeCount> planes;
 };
 
-constexpr ImageFields sourceFields = {"source.width",
+constexpr ImageFields sourceFields = {"source.format",
+                                      "source.width",
                                       "source.height",
                                       {{{"source.main", "source.main.pitch"},
                                         {"source.chroma", "source.chroma.pitch"},
+                                        {"source.cr", "source.cr.pitch"},
                                         {"source.alpha", "source.alpha.pitch"}}}};
-constexpr ImageFields destinationFields = {"destination.width",
+constexpr ImageFields destinationFields = {"destination.format",
+                                           "destination.width",
                                            "destination.height",
                                            {{{"destination.main", "destination.main.pitch"},
                                              {"destination.chroma", "destination.chroma.pitch"},
+                                             {"destination.cr", "destination.cr.pitch"},
                                              {"destination.alpha", "destination.alpha.pitch"}}}};
 
 // The part of a plane that its rows span, gaps between them included.
@@ -36,6 +39,8 @@ struct Extent {
     std::string_view field;
     const std::byte* begin = nullptr;
     const std::byte* end = nullptr;
+    std::ptrdiff_t pitch = 0;
+    PlaneInfo info;
 };
 
 using Extents = std::array<Extent, planeCount>;
@@ -48,104 +53,102 @@ std::uint64_t magnitude(std::ptrdiff_t pitch) {
     return pitch < 0 ? ~static_cast<std::uint64_t>(pitch) + 1 : static_cast<std::uint64_t>(pitch);
 }
 
+Result checkFormat(Format format, const ImageFields& fields) {
+    if (formatInfo(format).format != format) {
+        return fail(ErrorCode::badFormat, fields.format, static_cast<int>(format),
+                    "give one of the formats that formats() lists");
+    }
+    return {};
+}
+
+template <class Choice>
+Result checkChoice(std::string_view field, Choice choice, Choice last, std::string_view advice) {
+    if (choice > last) {
+        return fail(ErrorCode::badOption, field, static_cast<int>(choice), advice);
+    }
+    return {};
+}
+
 Result checkOptions(const Options& options) {
     if (options.alpha < 0 || options.alpha > 255) {
         return fail(ErrorCode::badOption, "options.alpha", options.alpha,
                     "give an alpha from 0 to 255");
     }
-    for (const auto& [field, matrix] : {std::pair{"options.srcMatrix", options.srcMatrix},
-                                        std::pair{"options.dstMatrix", options.dstMatrix}}) {
-        if (matrix != Matrix::bt601 && matrix != Matrix::bt709) {
-            return fail(ErrorCode::badOption, field, static_cast<int>(matrix),
-                        "give Matrix::bt601 or Matrix::bt709");
-        }
-    }
-    if (options.range != Range::studio && options.range != Range::full) {
-        return fail(ErrorCode::badOption, "options.range", static_cast<int>(options.range),
-                    "give Range::studio or Range::full");
-    }
-    return {};
-}
-
-Result checkPlane(const ConstPlane& plane, std::uint64_t rowBytes, std::uint32_t height,
-                  const PlaneFields& fields, Extent& extent) {
-    if (!plane.bytes.data()) {
-        return fail(ErrorCode::nullPlane, fields.plane, 0, "give the plane that the format has");
-    }
-    const std::uint64_t pitch = magnitude(plane.pitch);
-    if (pitch > maximumPitch || rowBytes > maximumPitch) {
-        return fail(ErrorCode::sizeOverflow, fields.pitch, plane.pitch,
-                    "keep rows and pitches to 1 GiB");
-    }
-    if (pitch < rowBytes) {
-        return fail(ErrorCode::pitchBelowRow, fields.pitch, plane.pitch,
-                    "make the pitch at least as long as a row");
-    }
-    const std::uint64_t needed = pitch * (height - 1) + rowBytes;
-    if (plane.bytes.size() < needed) {
-        return fail(ErrorCode::shortPlane, fields.plane,
-                    static_cast<std::int64_t>(plane.bytes.size()),
-                    "give pitch * (height - 1) + row bytes at least");
-    }
-    extent = {fields.plane, plane.bytes.data(), plane.bytes.data() + needed};
-    return {};
-}
-
-Result checkChromaPlacement(const ConstImageView& image, const ImageFields& fields) {
-    const auto& field = fields.planes[chromaPlane];
-    if (image.chroma.pitch != image.main.pitch) {
-        return fail(ErrorCode::chromaPlacement, field.pitch, image.chroma.pitch,
-                    "give chroma the pitch of luma");
-    }
-    if (magnitude(image.main.pitch) * image.height > maximumChromaDistance) {
-        return fail(ErrorCode::sizeOverflow, fields.planes[mainPlane].pitch, image.main.pitch,
-                    "keep semi-planar luma planes below 2 GiB");
-    }
-    const auto address = [&](const ConstPlane& plane) {
-        return reinterpret_cast<std::uintptr_t>(firstRow(plane, image.height));
-    };
-    const auto distance = static_cast<std::ptrdiff_t>(address(image.chroma) - address(image.main));
-    if (distance != image.main.pitch * static_cast<std::ptrdiff_t>(image.height)) {
-        return fail(ErrorCode::chromaPlacement, field.plane, distance,
-                    "put the first chroma row pitch * height bytes behind the first luma row");
-    }
-    return {};
-}
-
-Result checkImage(const ConstImageView& image, const ImageFields& fields, Extents& extents) {
-    const FormatInfo& info = formatInfo(image.format);
-    if (info.pixelPairs && image.width % 2 != 0) {
-        return fail(ErrorCode::oddWidth, fields.width, image.width,
-                    "make the width even: 4:2:2 formats hold whole pixel pairs");
-    }
-    const std::array<const ConstPlane*, planeCount> planes = {&image.main, &image.chroma,
-                                                              &image.alpha};
-    const std::array<std::uint64_t, planeCount> bytesPerPixel = {
-        info.bytesPerPixel, info.chromaPlane ? 1u : 0u, info.alphaPlane ? 1u : 0u};
-    for (std::size_t i = 0; i < planeCount; ++i) {
-        if (bytesPerPixel[i] == 0) {
-            continue;
-        }
-        const Result result = checkPlane(*planes[i], image.width * bytesPerPixel[i], image.height,
-                                         fields.planes[i], extents[i]);
+    constexpr std::string_view matrices = "give Matrix::bt601, bt709 or bt2020",
+                               ranges = "give Range::studio or full";
+    for (const Result& result :
+         {checkChoice("options.srcMatrix", options.srcMatrix, Matrix::bt2020, matrices),
+          checkChoice("options.dstMatrix", options.dstMatrix, Matrix::bt2020, matrices),
+          checkChoice("options.srcRange", options.srcRange, Range::full, ranges),
+          checkChoice("options.dstRange", options.dstRange, Range::full, ranges),
+          checkChoice("options.chroma", options.chroma, Chroma::nearest,
+                      "give Chroma::cosited or nearest"),
+          checkChoice("options.streaming", options.streaming, Streaming::always,
+                      "give Streaming::automatic, never or always")}) {
         if (!result) {
             return result;
         }
     }
-    return info.chromaPlane ? checkChromaPlacement(image, fields) : Result{};
+    return {};
 }
 
-Result checkOverlap(const Extents& source, const Extents& destination) {
+Result checkPlane(const ConstPlane& plane, std::uint64_t row, std::uint32_t height,
+                  const PlaneFields& fields, Extent& extent) {
+    if (!plane.bytes.data()) {
+        return fail(ErrorCode::nullPlane, fields.plane, 0, "give the plane that the format has");
+    }
+    const std::uint64_t pitch = magnitude(plane.pitch), size = plane.bytes.size();
+    if (pitch < row) {
+        return fail(ErrorCode::pitchBelowRow, fields.pitch, plane.pitch,
+                    "make the pitch at least as long as a row");
+    }
+    if (size < row || (height > 1 && (size - row) / (height - 1) < pitch)) {
+        return fail(ErrorCode::shortPlane, fields.plane, static_cast<std::int64_t>(size),
+                    "give pitch * (height - 1) + row bytes at least");
+    }
+    extent.field = fields.plane;
+    extent.begin = plane.bytes.data();
+    extent.end = extent.begin + pitch * (height - 1) + row;
+    extent.pitch = plane.pitch;
+    return {};
+}
+
+Result checkImage(const ConstImageView& image, const ImageFields& fields, Extents& extents) {
+    for (std::uint8_t i = 0; i < planeCount; ++i) {
+        const auto index = static_cast<PlaneIndex>(i);
+        extents[i].info = formatInfo(image.format).planes[i];
+        if (extents[i].info.unitBytes == 0) {
+            continue;
+        }
+        const Result result =
+            checkPlane(planeOf(image, index), rowBytes(image.format, index, image.width),
+                       image.height, fields.planes[i], extents[i]);
+        if (!result) {
+            return result;
+        }
+    }
+    return {};
+}
+
+// Every row of the one is the same row of the other, pixel for pixel.
+bool inPlace(const Extent& a, const Extent& b, std::uint32_t height) {
+    return a.begin == b.begin && a.end == b.end && (a.pitch == b.pitch || height == 1) &&
+           a.info.unitBytes == b.info.unitBytes && a.info.unitPixels == b.info.unitPixels;
+}
+
+Result checkOverlap(const Extents& source, const Extents& destination, std::uint32_t height) {
     const auto overlap = [](const Extent& a, const Extent& b) {
         const std::less<> before;
         return before(a.begin, b.end) && before(b.begin, a.end);
     };
     for (std::size_t i = 0; i < planeCount; ++i) {
         for (std::size_t j = 0; j < planeCount; ++j) {
-            if (overlap(destination[i], source[j]) ||
-                (j < i && overlap(destination[i], destination[j]))) {
+            const bool shared = overlap(destination[i], source[j]) &&
+                                !(i == j && inPlace(destination[i], source[j], height));
+            if (shared || (j < i && overlap(destination[i], destination[j]))) {
                 return fail(ErrorCode::overlap, destination[i].field, 0,
-                            "give the destination plane memory of its own");
+                            "give the destination plane memory of its own, or the very rows of "
+                            "the source's plane where both take as many bytes per pixel");
             }
         }
     }
@@ -156,9 +159,16 @@ Result checkOverlap(const Extents& source, const Extents& destination) {
 
 Result validate(const ConstImageView& source, const ConstImageView& destination,
                 const Options& options, const RowRange& rows) noexcept {
+    if (const Result result = checkFormat(source.format, sourceFields); !result) {
+        return result;
+    }
+    if (const Result result = checkFormat(destination.format, destinationFields); !result) {
+        return result;
+    }
     if (!canConvert(source.format, destination.format)) {
-        return fail(ErrorCode::noSuchConversion, "destination.format",
-                    static_cast<int>(destination.format), "choose a pair that conversions() lists");
+        return fail(ErrorCode::noSuchConversion, destinationFields.format,
+                    static_cast<int>(destination.format),
+                    "colour is made of colour, and alpha alone of a format that has alpha");
     }
     if (const Result result = checkOptions(options); !result) {
         return result;
@@ -186,7 +196,7 @@ Result validate(const ConstImageView& source, const ConstImageView& destination,
         !result) {
         return result;
     }
-    return checkOverlap(sourceExtents, destinationExtents);
+    return checkOverlap(sourceExtents, destinationExtents, source.height);
 }
 
 }  // namespace orva

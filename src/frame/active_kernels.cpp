@@ -1,6 +1,8 @@
 // Chooses the table of kernels when the library is loaded.
 #include "frame/active_kernels.hpp"
 
+#include "frame/processor.hpp"
+
 namespace orva {
 
 namespace sse2 {
@@ -14,13 +16,9 @@ extern const Kernels kernels;
 }
 
 constinit const KernelTable kernelTables[kernelTableCount] = {
-    {"SSE2", &sse2::kernels, [] { return true; }},
-    {"AVX2", &avx2::kernels, [] { return __builtin_cpu_supports("avx2") != 0; }},
-    {"AVX-512", &avx512::kernels,
-     [] {
-         return __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl") &&
-                __builtin_cpu_supports("avx512vnni");
-     }},
+    {"SSE2", &sse2::kernels, supportsSse2},
+    {"AVX2", &avx2::kernels, supportsAvx2},
+    {"AVX-512", &avx512::kernels, supportsAvx512},
 };
 
 constinit const Kernels* activeKernels = &sse2::kernels;

@@ -51,6 +51,12 @@ struct Uvyy {
     template <class V> ORVA_INLINE static V join(V luma, V chroma) {
         return swapMiddleBytes(Uyvy::join(luma, chroma));
     }
+    template <class V> ORVA_INLINE static V interleaveLow(V luma, V chroma) {
+        return swapMiddleBytes(Uyvy::interleaveLow(luma, chroma));
+    }
+    template <class V> ORVA_INLINE static V interleaveHigh(V luma, V chroma) {
+        return swapMiddleBytes(Uyvy::interleaveHigh(luma, chroma));
+    }
 };
 
 }  // namespace orva::ORVA_ISA

@@ -32,6 +32,17 @@ struct Vec128 {
     }
     ORVA_INLINE static Vec128 loadLow(const uint8_t* p) { return load8(p); }
 
+    // As many bytes or words as make a vector of words or dwords, zero-extended.
+    ORVA_INLINE static Vec128 loadBytesAsWords(const uint8_t* p) {
+        return {_mm_unpacklo_epi8(load8(p).v, zero().v)};
+    }
+    ORVA_INLINE static Vec128 loadBytesAsDwords(const uint8_t* p) {
+        return {_mm_unpacklo_epi16(_mm_unpacklo_epi8(load4(p).v, zero().v), zero().v)};
+    }
+    ORVA_INLINE static Vec128 loadWordsAsDwords(const uint8_t* p) {
+        return {_mm_unpacklo_epi16(load8(p).v, zero().v)};
+    }
+
     ORVA_INLINE void store(uint8_t* p) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
     // Past the cache; p must be 16-byte aligned.
     ORVA_INLINE void stream(uint8_t* p) const {
@@ -106,6 +117,16 @@ struct Vec128 {
 ORVA_INLINE Vec128 evenDwords(Vec128 a, Vec128 b) {
     return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0x88))};
 }
+
+// Dwords 1 and 3 likewise.
+ORVA_INLINE Vec128 oddDwords(Vec128 a, Vec128 b) {
+    return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0xDD))};
+}
+
+// Every dword's neighbour in memory order: the next one, with the last repeated, and the one before,
+// with the first repeated.
+ORVA_INLINE Vec128 nextDwords(Vec128 a) { return {_mm_shuffle_epi32(a.v, 0xF9)}; }
+ORVA_INLINE Vec128 previousDwords(Vec128 a) { return {_mm_shuffle_epi32(a.v, 0x90)}; }
 
 // The 16-bit upper halves of the dwords of even and odd, interleaved.
 ORVA_INLINE Vec128 mergeUpperHalves(Vec128 even, Vec128 odd) {

@@ -31,6 +31,15 @@ struct Vec256 {
     ORVA_INLINE static Vec256 loadLow(const uint8_t* p) {
         return {_mm256_zextsi128_si256(Vec128::load(p).v)};
     }
+    ORVA_INLINE static Vec256 loadBytesAsWords(const uint8_t* p) {
+        return {_mm256_cvtepu8_epi16(Vec128::load(p).v)};
+    }
+    ORVA_INLINE static Vec256 loadBytesAsDwords(const uint8_t* p) {
+        return {_mm256_cvtepu8_epi32(Vec128::load8(p).v)};
+    }
+    ORVA_INLINE static Vec256 loadWordsAsDwords(const uint8_t* p) {
+        return {_mm256_cvtepu16_epi32(Vec128::load(p).v)};
+    }
 
     ORVA_INLINE void store(uint8_t* p) const {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
@@ -57,6 +66,18 @@ struct Vec256 {
 ORVA_INLINE Vec256 evenDwords(Vec256 a, Vec256 b) {
     return {_mm256_castps_si256(
         _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88))};
+}
+
+ORVA_INLINE Vec256 oddDwords(Vec256 a, Vec256 b) {
+    return {_mm256_castps_si256(
+        _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD))};
+}
+
+ORVA_INLINE Vec256 nextDwords(Vec256 a) {
+    return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 7))};
+}
+ORVA_INLINE Vec256 previousDwords(Vec256 a) {
+    return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(0, 0, 1, 2, 3, 4, 5, 6))};
 }
 
 ORVA_INLINE Vec256 mergeUpperHalves(Vec256 even, Vec256 odd) {

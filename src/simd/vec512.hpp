@@ -29,6 +29,15 @@ struct Vec512 {
     ORVA_INLINE static Vec512 loadLow(const uint8_t* p) {
         return {_mm512_zextsi256_si512(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)))};
     }
+    ORVA_INLINE static Vec512 loadBytesAsWords(const uint8_t* p) {
+        return {_mm512_cvtepu8_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)))};
+    }
+    ORVA_INLINE static Vec512 loadBytesAsDwords(const uint8_t* p) {
+        return {_mm512_cvtepu8_epi32(Vec128::load(p).v)};
+    }
+    ORVA_INLINE static Vec512 loadWordsAsDwords(const uint8_t* p) {
+        return {_mm512_cvtepu16_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)))};
+    }
 
     ORVA_INLINE void store(uint8_t* p) const { _mm512_storeu_si512(p, v); }
     ORVA_INLINE void stream(uint8_t* p) const {
@@ -57,6 +66,20 @@ struct Vec512 {
 ORVA_INLINE Vec512 evenDwords(Vec512 a, Vec512 b) {
     return {_mm512_castps_si512(
         _mm512_shuffle_ps(_mm512_castsi512_ps(a.v), _mm512_castsi512_ps(b.v), 0x88))};
+}
+
+ORVA_INLINE Vec512 oddDwords(Vec512 a, Vec512 b) {
+    return {_mm512_castps_si512(
+        _mm512_shuffle_ps(_mm512_castsi512_ps(a.v), _mm512_castsi512_ps(b.v), 0xDD))};
+}
+
+ORVA_INLINE Vec512 nextDwords(Vec512 a) {
+    return {_mm512_permutexvar_epi32(
+        _mm512_setr_epi32(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 15), a.v)};
+}
+ORVA_INLINE Vec512 previousDwords(Vec512 a) {
+    return {_mm512_permutexvar_epi32(
+        _mm512_setr_epi32(0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14), a.v)};
 }
 
 ORVA_INLINE Vec512 mergeUpperHalves(Vec512 even, Vec512 odd) {

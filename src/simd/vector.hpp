@@ -40,6 +40,9 @@ using Wide = Vec256;
 using Wide = Vec128;
 #endif
 
+// Orders streamed stores before everything that follows.
+ORVA_INLINE void fence() { _mm_sfence(); }
+
 // A constant that was built at full width, at the width of V.
 template <class V> ORVA_INLINE V constant(const Wide& wide) {
     if constexpr (V::lanes == Wide::lanes)

@@ -1,0 +1,225 @@
+// Which passes lead from one format to another.
+#include "picture/plan.hpp"
+
+#include <string_view>
+
+namespace orva::picture {
+namespace {
+
+const FormatInfo& colourOf(Format format) { return formatInfo(formatInfo(format).colour); }
+
+Layout layoutOf(Format colour) {
+    switch (colour) {
+    case Format::UYVY16I:
+        return uyvy;
+    case Format::YUYV16I:
+        return yuyv;
+    case Format::UVYY16I:
+        return uvyy;
+    case Format::Y8PUV8I:
+        return semiPlanar8;
+    case Format::Y8PU8PV8P:
+        return planar8;
+    case Format::Y10PUV10I:
+        return semiPlanar10;
+    case Format::Y10PU10PV10P:
+        return planar10;
+    default:
+        return v210;
+    }
+}
+
+// The samples of a packed pair or of a pixel in memory order. Pixels of 3 bytes have their alpha,
+// if they get any, behind them.
+std::string_view bytesOf(Format colour) {
+    switch (colour) {
+    case Format::UYVY16I:
+        return "uyvw";
+    case Format::YUYV16I:
+        return "yuwv";
+    case Format::UVYY16I:
+        return "uvyw";
+    case Format::BGR32I:
+    case Format::BGR24I:
+        return "bgra";
+    case Format::RGB32I:
+    case Format::RGB24I:
+        return "rgba";
+    case Format::ARGB32I:
+        return "argb";
+    case Format::ABGR32I:
+        return "abgr";
+    default:
+        return {};
+    }
+}
+
+bool isPacked(Layout layout) { return layout <= uvyy; }
+
+Shape shapeOf(const FormatInfo& colour) {
+    Shape shape = {};
+    for (size_t i = 0; i < 3; ++i)
+        shape.planes[i] = colour.planes[i];
+    if (colour.model != Model::ycbcr || colour.format == Format::V210)
+        return shape;
+    const std::string_view bytes = bytesOf(colour.format);
+    shape.lumaBytes = colour.bits > 8 ? 2 : 1;
+    for (size_t i = 0; i < 2; ++i)
+        shape.lumaOfPair[i] = uint8_t(bytes.empty() ? i * shape.lumaBytes : bytes.find("yw"[i]));
+    return shape;
+}
+
+// One side of a conversion between formats of colour.
+struct Side {
+    const FormatInfo& info;
+    Matrix matrix;
+    Range range;
+
+    Layout layout() const { return layoutOf(info.format); }
+    Coding coding() const { return {matrix, range, info.bits}; }
+    std::string_view bytes() const { return bytesOf(info.format); }
+    bool isRgb() const { return info.model == Model::rgb; }
+    bool hasPixels32() const { return isRgb() && info.planes[mainPlane].unitBytes == 4; }
+    bool alphaFirst() const { return bytes()[0] == 'a'; }
+    // Of the colours alone: what is left when alpha has gone to the end.
+    bool redFirst() const { return bytes()[alphaFirst()] == 'r'; }
+};
+
+class Planner {
+public:
+    Planner(const Side& source, const Side& destination, const Options& options,
+            const Kernels& kernels)
+        : source(source), destination(destination), kernels(kernels),
+          chroma(static_cast<size_t>(options.chroma)), cosited(options.chroma == Chroma::cosited) {}
+
+    Plan colour() {
+        const bool sameCoding = source.matrix == destination.matrix &&
+                                source.range == destination.range &&
+                                source.info.bits == destination.info.bits;
+        if (source.isRgb() && destination.isRgb())
+            betweenRgb();
+        else if (source.isRgb())
+            fromRgb();
+        else if (destination.isRgb())
+            toRgb();
+        else if (sameCoding)
+            moveYcbcr();
+        else
+            betweenYcbcr();
+        return plan;
+    }
+
+private:
+    void betweenRgb() {
+        if (source.info.format == destination.info.format)
+            plan.copiesColour = true;
+        else
+            plan.finish = repack(source.bytes(), destination.bytes(), destination.hasPixels32());
+    }
+
+    void fromRgb() {
+        // To pixels with alpha behind the colours, whichever of them is first.
+        if (!source.hasPixels32() || source.alphaFirst())
+            plan.prepare = repack(source.bytes(), source.redFirst() ? "rgba" : "bgra", true);
+        plan.stripOfPixels = true;
+        plan.constants.fromPixels = fromPixels(destination.coding(), source.redFirst());
+        plan.compute = kernels.fromPixels[chroma];
+        plan.finish = kernels.fromSamples[destination.layout()];
+        plan.readsNeighbours = cosited;
+    }
+
+    void toRgb() {
+        unpackIfV210();
+        plan.constants.toPixels = toPixels(source.coding(), destination.redFirst());
+        plan.compute = (destination.hasPixels32() ? kernels.toPixels
+                                                  : kernels.toPixels24)[source.layout()][chroma];
+        if (destination.alphaFirst())
+            plan.finish =
+                repack(destination.redFirst() ? "rgba" : "bgra", destination.bytes(), true);
+        plan.readsNeighbours = cosited;
+    }
+
+    void moveYcbcr() {
+        const Layout from = source.layout(), to = destination.layout();
+        if (from == to) {
+            plan.copiesColour = true;
+        } else if (from == v210) {
+            unpackIfV210();
+            plan.finish = kernels.fromSamples[to];
+        } else if (source.info.bits == 10) {
+            betweenYcbcr();
+        } else if (isPacked(from) && isPacked(to)) {
+            plan.finish = kernels.reorderPairs;
+            orderFrom(source.bytes(), destination.bytes());
+        } else {
+            plan.finish = kernels.move[from][to];
+        }
+    }
+
+    void betweenYcbcr() {
+        unpackIfV210();
+        plan.constants.toSamples = toSamples(source.coding(), destination.coding());
+        plan.compute = kernels.toSamples[source.layout()][chroma];
+        plan.finish = kernels.fromSamples[destination.layout()];
+        plan.readsNeighbours = cosited;
+    }
+
+    void unpackIfV210() {
+        if (source.layout() == v210)
+            plan.prepare = kernels.unpackV210;
+    }
+
+    Pass repack(std::string_view from, std::string_view to, bool toPixels32) {
+        orderFrom(from, to);
+        return kernels.repack[source.isRgb() ? source.hasPixels32() : true][toPixels32];
+    }
+
+    void orderFrom(std::string_view from, std::string_view to) {
+        for (size_t i = 0; i < 4; ++i)
+            plan.constants.order[i] = static_cast<uint8_t>(from.find(to[i]));
+    }
+
+    const Side& source;
+    const Side& destination;
+    const Kernels& kernels;
+    size_t chroma;
+    bool cosited;
+    Plan plan;
+};
+
+AlphaStep alphaStep(const FormatInfo& source, const FormatInfo& destination) {
+    const bool fromPlane = source.format == Format::A8P || source.planes[alphaPlane].unitBytes > 0;
+    const bool toPlane =
+        destination.format == Format::A8P || destination.planes[alphaPlane].unitBytes > 0;
+    if (toPlane)
+        return fromPlane ? AlphaStep::copy : source.hasAlpha ? AlphaStep::extract : AlphaStep::fill;
+    return fromPlane && destination.hasAlpha ? AlphaStep::merge : AlphaStep::none;
+}
+
+}  // namespace
+
+Plan makePlan(Format from, Format to, const Options& options, const Kernels& kernels) {
+    const FormatInfo &fromInfo = formatInfo(from), &toInfo = formatInfo(to);
+    const Side source{colourOf(from), options.srcMatrix, options.srcRange};
+    const Side destination{colourOf(to), options.dstMatrix, options.dstRange};
+    const AlphaStep alpha = alphaStep(fromInfo, toInfo);
+    Plan plan;
+    if (toInfo.model != Model::alpha) {
+        plan = Planner(source, destination, options, kernels).colour();
+        plan.destination = shapeOf(destination.info);
+    }
+    if (toInfo.model != Model::alpha || alpha == AlphaStep::extract)
+        plan.source = shapeOf(source.info);
+    plan.toV210 = to == Format::V210;
+    // Six pixels are a unit of V210. Blocks are 2^n pixels, so three of them are whole units.
+    const bool hasV210 = plan.toV210 || from == Format::V210;
+    plan.granularity = kernels.block * (hasV210 ? 3 : 1);
+
+    plan.constants.alpha = static_cast<uint8_t>(options.alpha);
+    plan.alpha = alpha;
+    const Side& pixels = alpha == AlphaStep::merge ? destination : source;
+    plan.alphaFirst = pixels.hasPixels32() && pixels.alphaFirst();
+    return plan;
+}
+
+}  // namespace orva::picture

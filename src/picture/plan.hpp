@@ -1,0 +1,42 @@
+// What a conversion does with every row, decided once per call.
+#pragma once
+
+#include "picture/passes.hpp"
+
+namespace orva::picture {
+
+// The colour planes of a row, and for 4:2:2 where the second luma of a pair is and the first:
+// beyond an odd row's end one repeats the other.
+struct Shape {
+    PlaneInfo planes[3];
+    uint8_t lumaOfPair[2];
+    uint8_t lumaBytes;  // 0 where no pair has to be completed before the first pass
+};
+
+// What becomes of alpha beside the colour passes.
+enum class AlphaStep : uint8_t { none, copy, fill, extract, merge };
+
+// Rows go through up to three passes, of which each but the last fills a strip. A plan without any
+// moves only alpha, or copies rows if it says so.
+struct Plan {
+    bool copiesColour = false;
+
+    Pass prepare = nullptr;  // V210 to samples, or other RGB to pixels
+    Pass compute = nullptr;  // the maths
+    Pass finish = nullptr;   // a strip to what the destination holds, or one format to another
+
+    bool stripOfPixels = false;    // prepare makes pixels, not samples
+    bool readsNeighbours = false;  // pixels of a row depend on one another
+    bool toV210 = false;
+    size_t granularity = 0;  // pixels: pieces of a row begin at multiples of it
+    Shape source, destination;
+
+    AlphaStep alpha = AlphaStep::none;
+    bool alphaFirst = false;  // of the pixels that alpha is merged into or extracted from
+
+    Constants constants = {};
+};
+
+Plan makePlan(Format source, Format destination, const Options& options, const Kernels& kernels);
+
+}  // namespace orva::picture

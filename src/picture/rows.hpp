@@ -1,0 +1,31 @@
+// Carries out a plan on the rows of two images.
+#pragma once
+
+#include "picture/plan.hpp"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace orva::picture {
+
+template <class Byte> struct PlaneRows {
+    Byte* first = nullptr;  // row
+    std::ptrdiff_t pitch = 0;
+};
+
+template <class Byte> struct ImageRows {
+    PlaneRows<Byte> colour[3];
+    PlaneRows<Byte> alpha;
+};
+
+struct Area {
+    ImageRows<const uint8_t> source;
+    ImageRows<uint8_t> destination;
+    size_t width;  // pixels, not 0
+    size_t height;
+};
+
+// streaming: what is written goes past the cache.
+void convertRows(const Plan& plan, const Kernels& kernels, const Area& area, bool streaming);
+
+}  // namespace orva::picture

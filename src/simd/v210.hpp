@@ -1,0 +1,82 @@
+// Ten-bit samples, three to a dword, from and to words.
+//
+// A lane is one unit of six pixels, and each half of it is alike: one dword of a chroma, a luma and
+// a chroma sample from the low bits up, then one of luma, chroma and luma. So a half holds three
+// luma and three chroma samples in their order, which is how V210 alternates Cb and Cr.
+#pragma once
+
+#include "simd/vector.hpp"
+
+namespace orva::ORVA_ISA {
+
+// Of each lane, the first 12 bytes: six words of either kind, chroma as Cb Cr pairs.
+template <class V> struct TenBitLanes { V luma, chroma; };
+
+// The first three words of each half, next to each other, and the way back.
+template <class V> ORVA_INLINE V joinThrees(V halves) {
+#if defined(__SSSE3__)
+    return shuffleBytes(
+        halves, V::repeat(_mm_setr_epi8(0, 1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, -1, -1, -1, -1)));
+#else
+    return {_mm_srli_si128(_mm_shufflelo_epi16(halves.v, _MM_SHUFFLE(2, 1, 0, 3)), 2)};
+#endif
+}
+template <class V> ORVA_INLINE V spreadThrees(V words) {
+#if defined(__SSSE3__)
+    return shuffleBytes(
+        words, V::repeat(_mm_setr_epi8(0, 1, 2, 3, 4, 5, -1, -1, 6, 7, 8, 9, 10, 11, -1, -1)));
+#else
+    const __m128i halves = _mm_shufflelo_epi16(_mm_slli_si128(words.v, 2), _MM_SHUFFLE(0, 3, 2, 1));
+    return Vec128{halves} & Vec128::alternating32(0xFFFFFFFF, 0xFFFF);
+#endif
+}
+
+template <class V> ORVA_INLINE TenBitLanes<V> unpackTenBits(V dwords) {
+    const V outer = (dwords & V::all32(0x3FF)) | (shiftRight32<4>(dwords) & V::all32(0x3FF0000));
+    const V middle = shiftRight32<10>(dwords) & V::all32(0x3FF);
+    const V luma = (shiftRight64<16>(outer) & V::alternating32(0xFFFF0000, 0xFFFF)) |
+                   (middle & V::alternating32(0xFFFF, 0));
+    const V chroma =
+        (outer & V::alternating32(0xFFFFFFFF, 0)) | (middle & V::alternating32(0, 0xFFFF));
+    return {joinThrees(luma), joinThrees(chroma)};
+}
+
+// The samples must be below 1024.
+template <class V> ORVA_INLINE V packTenBits(const TenBitLanes<V>& samples) {
+    const V luma = spreadThrees(samples.luma), chroma = spreadThrees(samples.chroma);
+    const V outer =
+        (chroma & V::alternating32(0xFFFFFFFF, 0)) | shiftLeft64<32>(shiftRight64<16>(luma));
+    const V middle = (luma & V::alternating32(0xFFFF, 0)) | (chroma & V::alternating32(0, 0xFFFF));
+    return (outer & V::all32(0xFFFF)) | shiftLeft32<4>(outer & V::all32(0xFFFF0000)) |
+           shiftLeft32<10>(middle);
+}
+
+// Between 12 bytes of each lane and 12 * lanes bytes in a run. Both touch a whole vector of memory.
+ORVA_INLINE void storeTwelves(Vec128 lanes, uint8_t* p) { lanes.store(p); }
+ORVA_INLINE Vec128 loadTwelves(const uint8_t* p, Vec128) { return Vec128::load(p); }
+
+#if defined(__AVX512BW__)
+
+ORVA_INLINE void storeTwelves(Vec512 lanes, uint8_t* p) {
+    const __m512i used = _mm512_setr_epi32(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 15, 15, 15, 15);
+    Vec512{_mm512_permutexvar_epi32(used, lanes.v)}.store(p);
+}
+ORVA_INLINE Vec512 loadTwelves(const uint8_t* p, Vec512) {
+    const __m512i toLanes = _mm512_setr_epi32(0, 1, 2, 3, 3, 4, 5, 6, 6, 7, 8, 9, 9, 10, 11, 12);
+    return {_mm512_permutexvar_epi32(toLanes, Vec512::load(p).v)};
+}
+
+#elif defined(__AVX2__)
+
+ORVA_INLINE void storeTwelves(Vec256 lanes, uint8_t* p) {
+    const __m256i used = _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 7, 7);
+    Vec256{_mm256_permutevar8x32_epi32(lanes.v, used)}.store(p);
+}
+ORVA_INLINE Vec256 loadTwelves(const uint8_t* p, Vec256) {
+    const __m256i toLanes = _mm256_setr_epi32(0, 1, 2, 3, 3, 4, 5, 6);
+    return {_mm256_permutevar8x32_epi32(Vec256::load(p).v, toLanes)};
+}
+
+#endif
+
+}  // namespace orva::ORVA_ISA
