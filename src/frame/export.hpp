@@ -1,6 +1,6 @@
 // How exports are written: one line that says which kernels and which test selects among them.
 //
-//     ORVA_EX(A8P_A8P) { convert(activeKernels->alpha.copy, aligned::alphaPlane, d); }
+//     ORVA_EX(A8P_A8P) { convert(activeKernels->alpha.copy, aligned::dst<32, 32>, d); }
 //
 // defines ORVA_SSE2_A8P_A8P_EX, whose descriptor is d.
 #pragma once
