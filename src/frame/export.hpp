@@ -11,11 +11,11 @@
 
 namespace orva {
 
-// Kernels is a KernelSet or a ModeTable.
-template <class Kernels>
-inline void convert(const Kernels& kernels, bool (*isAligned)(const Descriptor&),
+// Choices are a KernelSet or a ModeTable.
+template <class Choices>
+inline void convert(const Choices& choices, bool (*isAligned)(const Descriptor&),
                     const Descriptor* d) {
-    kernels.choose(isAligned(*d), *d)(*d);
+    choices.choose(isAligned(*d), *d)(*d);
     if (activeKernels != kernelTables[0].kernels)
         leaveWideRegisters();
 }

@@ -1,4 +1,4 @@
-// What an export chooses from: kernels, the four forms of a conversion, and tables of modes.
+// What an export chooses from: kernels, the four of a conversion, and tables of modes.
 #pragma once
 
 #include <orva/orva.h>
@@ -7,7 +7,7 @@ namespace orva {
 
 using Descriptor = OrvaConversionDescriptor;
 
-// Converts the whole image that a descriptor describes.
+// One way of doing a conversion, over the whole image of a descriptor.
 using Kernel = void (*)(const Descriptor&);
 
 // The forms of one conversion: fast or general, each with ordinary or streaming stores.
