@@ -130,13 +130,15 @@ template <class Conversion> struct Clamping {
 };
 
 // The kernels of a conversion, which offers run<fast, Stores>(descriptor).
-template <class Conversion, bool hasFastWalk = true>
+template <class Conversion, bool fastIfAligned = true>
 inline constexpr KernelSet kernelSet{
-    Conversion::template run<hasFastWalk, OrdinaryStores>,
-    Conversion::template run<hasFastWalk, StreamingStores>,
-    Conversion::template run<false, OrdinaryStores>,
-    Conversion::template run<false, StreamingStores>,
+    .aligned = Conversion::template run<fastIfAligned, OrdinaryStores>,
+    .alignedStreaming = Conversion::template run<fastIfAligned, StreamingStores>,
+    .general = Conversion::template run<false, OrdinaryStores>,
+    .generalStreaming = Conversion::template run<false, StreamingStores>,
 };
+
+// The general ones alone, whatever the test of alignment says.
 template <class Conversion>
 inline constexpr KernelSet generalKernelSet = kernelSet<Conversion, false>;
 

@@ -99,7 +99,7 @@ private:
 void convertReduced(const Descriptor& d) { walkRows<true, StreamingStores>(ReducedJob(d), d); }
 
 constexpr KernelSet withReducedStreaming(KernelSet kernels) {
-    kernels.fastStreaming = convertReduced;
+    kernels.alignedStreaming = convertReduced;
     return kernels;
 }
 
