@@ -54,7 +54,7 @@ private:
     SourcePointer src;
 };
 
-// Every factor-th pixel of BGR32I lines.
+// BGR32I reduced by a factor: every factor-th pixel, which is a dword.
 template <uint32_t factor> class ReducingBgr32Reader {
 public:
     ORVA_INLINE explicit ReducingBgr32Reader(const Descriptor& d)

@@ -54,6 +54,7 @@ template <class Source, class Writer, class Fourth> struct Conversion {
     }
 };
 
+// A mode that reduces width and height by a factor.
 template <uint32_t factor, class Writer> struct Reduction {
     using Reader = ReducingBgr32Reader<factor>;
 

@@ -58,8 +58,7 @@ template <class Reader, class Fourth, class Writer> struct Conversion {
     }
 };
 
-// A mode that reduces by taking every factor-th pixel pair. Only rows below 8 pixels are all head
-// here.
+// A mode that reduces width and height by a factor. Only rows below 8 pixels are all head here.
 template <uint32_t factor> struct Reduction {
     using Reader = ReducingReader<factor>;
     using Fourth = PairwiseConstantFourth;
@@ -81,8 +80,8 @@ constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourth, Bg
 // packed plane, as UYVY16I's do.
 template <class Reader>
 constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, ConstantFourth>,
-                                      generalKernelSet<Clamping<Reduction<1>>>,
-                                      generalKernelSet<Clamping<Reduction<2>>>}};
+                                      generalKernelSet<Clamping<Reduction<2>>>,
+                                      generalKernelSet<Clamping<Reduction<4>>>}};
 
 }  // namespace
 

@@ -72,24 +72,24 @@ private:
     SourcePointer luma, chroma;
 };
 
-// UYVY16I at a fraction of its size: luma is the first of every factor-th pixel pair, chroma that
-// of the even ones among those pairs.
+// UYVY16I reduced by a factor: the luma of every factor-th pixel, which is the first one of a pair,
+// and the chroma of every other pair among those.
 template <uint32_t factor> class ReducingReader {
 public:
     ORVA_INLINE explicit ReducingReader(const Descriptor& d)
         : lines(lineAddresses(d)), src(lines.line()) {}
 
     template <class V> ORVA_INLINE Yuv<V> take() {
-        lines.template fetchFromNextLine<2 * factor * V::bytes>(src);
-        const V first = everyDword<V, factor>(src);
-        const V second = everyDword<V, factor>(src + factor * V::bytes);
-        src += 2 * factor * V::bytes;
+        lines.template fetchFromNextLine<2 * stride * V::bytes>(src);
+        const V first = everyDword<V, stride>(src);
+        const V second = everyDword<V, stride>(src + stride * V::bytes);
+        src += 2 * stride * V::bytes;
         return sampled(first, second);
     }
 
     template <uint32_t count> ORVA_INLINE Yuv<Vec128> takePairs() {
-        const FewDwords pairs = fewDwords<factor, 2 * count>(src);
-        src += 8 * factor * count;
+        const FewDwords pairs = fewDwords<stride, 2 * count>(src);
+        src += 8 * stride * count;
         return sampled(pairs.first, pairs.second);
     }
 
@@ -99,6 +99,8 @@ public:
     }
 
 private:
+    static constexpr uint32_t stride = factor / 2;  // in pairs, which are dwords
+
     template <class V> ORVA_INLINE static Yuv<V> sampled(V first, V second) {
         const V oddLumaDropped = V::all32(0xFFFF);
         return {packWords(Uyvy::luma<2>(first) & oddLumaDropped,
