@@ -1,7 +1,8 @@
 // The tests by which exports choose the fast kernel: a few low bits of a few fields.
 //
-// Each looks at what its family has always looked at, no more: most never see the source, and none
-// sees an alpha plane. The header states what callers therefore owe.
+// None may look at more, because some bytes depend on the kernel and hosts compare bytes: most
+// never see the source, and none sees an alpha plane beside an image. The header states what
+// callers therefore owe.
 #pragma once
 
 #include "frame/kernel.hpp"

@@ -28,8 +28,8 @@ inline LineAddresses lineAddresses(const Descriptor& d) {
             d.srcRowGap + 2 * factor * downwards, d.dstHeight};
 }
 
-// Which of the two pointers moves on after a row: YCbCr sources have always moved the one just
-// used, BGR sources the other.
+// Which of the two pointers moves on after a row: for YCbCr sources the one just used, for BGR
+// sources the other. Hosts compare bytes, so it stays different.
 enum class Moves { usedLine, otherLine };
 
 template <Moves moves> class LinePairs {

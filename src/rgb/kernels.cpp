@@ -1,5 +1,5 @@
-// Copying BGR and repacking it between 3 and 4 bytes per pixel. The BGR32I copy has always loaded
-// its blocks aligned, and the header says so.
+// Copying BGR and repacking it between 3 and 4 bytes per pixel. The BGR32I copy loads its blocks
+// aligned; the header says what callers therefore owe.
 #include "rgb/kernels.hpp"
 
 #include "frame/move.hpp"

@@ -64,9 +64,9 @@ template <uint32_t factor, class Writer> struct Reduction {
     }
 };
 
-// What BGR24I to UVYY16I has always done with aligned streaming requests: 16 bytes for each 8
-// pixels as usual, but in them the luma of the first 4, unbounded, as words, and 4 words of the
-// luma offset.
+// What BGR24I to UVYY16I does instead where it streams and its test of alignment passes, since
+// hosts compare bytes: 16 bytes for each 8 pixels as usual, but in them the luma of the first 4,
+// unbounded, as words, and 4 words of the luma offset.
 class ReducedJob {
 public:
     static constexpr uint32_t blockPixels = 8;

@@ -76,8 +76,8 @@ constexpr KernelSet toBgr32 = kernelSet<Clamping<Conversion<Reader, Fourth, Bgr3
 template <class Reader>
 constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourth, Bgr24Writer>>>;
 
-// The modes are always the general kernel. The semi-planar export's have always read a single
-// packed plane, as UYVY16I's do.
+// The modes are always the general kernel. The semi-planar export's read a single packed plane, as
+// UYVY16I's do; the header says so.
 template <class Reader>
 constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, ConstantFourth>,
                                       generalKernelSet<Clamping<Reduction<2>>>,

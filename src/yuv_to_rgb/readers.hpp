@@ -121,8 +121,8 @@ public:
     ORVA_INLINE void endRow() {}
 };
 
-// Single pairs have always had the constant one byte too high in the odd pixel's word and not at
-// all in the even one's, so that saturation makes it 0 or 255.
+// Single pairs have the constant one byte too high in the odd pixel's word and not at all in the
+// even one's, so that saturation makes it 0 or 255. Hosts compare bytes, so it stays there.
 ORVA_INLINE Wide pairwiseConstant(const Descriptor& d) {
     return Wide::all32(uint32_t(d.alphaValue) << 24);
 }
