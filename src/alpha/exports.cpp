@@ -1,4 +1,5 @@
-// The exports that copy and fill alpha planes and move alpha out of and into BGR32I.
+// The exports that copy and fill alpha planes and move them out of and into the fourth bytes of
+// BGR32I.
 #include "alpha/kernels.hpp"
 #include "frame/export.hpp"
 

@@ -61,7 +61,7 @@ template <class Reader, class Fourth, class Writer> struct Conversion {
 // A mode that reduces width and height by a factor. Only rows below 8 pixels are all head here.
 template <uint32_t factor> struct Reduction {
     using Reader = ReducingReader<factor>;
-    using Fourth = PairwiseConstantFourth;
+    using Fourth = FourthWordsOfPairs;
 
     template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
         using Math = YuvToRgb<clamped, EvenLuma::isSigned>;
@@ -74,12 +74,12 @@ template <class Reader, class Fourth>
 constexpr KernelSet toBgr32 = kernelSet<Clamping<Conversion<Reader, Fourth, Bgr32Writer>>>;
 
 template <class Reader>
-constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourth, Bgr24Writer>>>;
+constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourthWords, Bgr24Writer>>>;
 
 // The modes are always the general kernel. The semi-planar export's read a single packed plane, as
 // UYVY16I's do; the header says so.
 template <class Reader>
-constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, ConstantFourth>,
+constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, FourthWordsFromConstant>,
                                       generalKernelSet<Clamping<Reduction<2>>>,
                                       generalKernelSet<Clamping<Reduction<4>>>}};
 
@@ -89,10 +89,10 @@ extern const YuvToRgbKernels yuvToRgbKernels;
 constinit const YuvToRgbKernels yuvToRgbKernels{
     .uyvyToBgr32 = toBgr32WithModes<PackedReader<Uyvy>>,
     .semiPlanarToBgr32 = toBgr32WithModes<SemiPlanarReader>,
-    .yuyvToBgr32 = toBgr32<PackedReader<Yuyv>, ConstantFourth>,
-    .uyvyA8pToBgr32 = toBgr32<PackedReader<Uyvy>, PlaneFourth>,
-    .yuyvA8pToBgr32 = toBgr32<PackedReader<Yuyv>, PlaneFourth>,
-    .semiPlanarA8pToBgr32 = toBgr32<SemiPlanarReader, PlaneFourth>,
+    .yuyvToBgr32 = toBgr32<PackedReader<Yuyv>, FourthWordsFromConstant>,
+    .uyvyA8pToBgr32 = toBgr32<PackedReader<Uyvy>, FourthWordsFromPlane>,
+    .yuyvA8pToBgr32 = toBgr32<PackedReader<Yuyv>, FourthWordsFromPlane>,
+    .semiPlanarA8pToBgr32 = toBgr32<SemiPlanarReader, FourthWordsFromPlane>,
     .uyvyToBgr24 = toBgr24<PackedReader<Uyvy>>,
     .yuyvToBgr24 = toBgr24<PackedReader<Yuyv>>,
     .uvyyToBgr24 = toBgr24<PackedReader<Uvyy>>,

@@ -1,4 +1,4 @@
-// Where the samples and the fourth bytes of YCbCr to RGB conversions come from.
+// Where the samples and the fourth bytes, a word each, of YCbCr to RGB conversions come from.
 #pragma once
 
 #include "frame/line_pairs.hpp"
@@ -113,9 +113,9 @@ private:
 };
 
 // No fourth byte at all, for BGR24I.
-class NoFourth {
+class NoFourthWords {
 public:
-    ORVA_INLINE explicit NoFourth(const Descriptor&) {}
+    ORVA_INLINE explicit NoFourthWords(const Descriptor&) {}
     template <class V> ORVA_INLINE V take() { return V::zero(); }
     template <uint32_t> ORVA_INLINE Vec128 takePairs() { return Vec128::zero(); }
     ORVA_INLINE void endRow() {}
@@ -128,9 +128,9 @@ ORVA_INLINE Wide pairwiseConstant(const Descriptor& d) {
 }
 
 // The descriptor's constant.
-class ConstantFourth {
+class FourthWordsFromConstant {
 public:
-    ORVA_INLINE explicit ConstantFourth(const Descriptor& d)
+    ORVA_INLINE explicit FourthWordsFromConstant(const Descriptor& d)
         : block(Wide::all16(int16_t(d.alphaValue))), pair(pairwiseConstant(d).firstLane()) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(block); }
@@ -143,9 +143,9 @@ private:
 };
 
 // The constant as single pairs have it, in blocks as well: the reducing modes.
-class PairwiseConstantFourth {
+class FourthWordsOfPairs {
 public:
-    ORVA_INLINE explicit PairwiseConstantFourth(const Descriptor& d) : pairs(pairwiseConstant(d)) {}
+    ORVA_INLINE explicit FourthWordsOfPairs(const Descriptor& d) : pairs(pairwiseConstant(d)) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(pairs); }
     template <uint32_t> ORVA_INLINE Vec128 takePairs() { return pairs.firstLane(); }
@@ -157,9 +157,9 @@ private:
 
 // The source's alpha plane. Blocks move the running pointer, single pairs do not: they read at
 // their place in the row, behind what the row's blocks and earlier pairs took.
-class PlaneFourth {
+class FourthWordsFromPlane {
 public:
-    ORVA_INLINE explicit PlaneFourth(const Descriptor& d) : src(alphaSource(d)) {}
+    ORVA_INLINE explicit FourthWordsFromPlane(const Descriptor& d) : src(alphaSource(d)) {}
 
     template <class V> ORVA_INLINE V take() {
         const V bytes = spreadQuarters(V::loadLow(src));
