@@ -11,7 +11,7 @@
 namespace orva::ORVA_ISA {
 namespace {
 
-template <class Reader, class Math, class Writer, class Fourth> struct Job {
+template <class Reader, class Math, class Writer, class Fourth> struct RgbToYuvJob {
     static constexpr uint32_t unitPixels = 2;
     static constexpr uint32_t blockPixels = 8;
     static constexpr uint32_t streamedPixelBytes = Writer::streamedPixelBytes;
@@ -21,7 +21,7 @@ template <class Reader, class Math, class Writer, class Fourth> struct Job {
     Writer writer;
     Fourth fourth;
 
-    ORVA_INLINE explicit Job(const Descriptor& d)
+    ORVA_INLINE explicit RgbToYuvJob(const Descriptor& d)
         : reader(d), math(rgbToYuvConstants(d)), writer(d), fourth(d) {}
 
     ORVA_INLINE uint32_t head() const { return writer.head(); }
@@ -50,7 +50,7 @@ template <class Source, class Writer, class Fourth> struct Conversion {
     using Reader = std::conditional_t<Writer::isSemiPlanar, FetchingAhead<Source>, Source>;
 
     template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(Job<Reader, RgbToYuv<clamped>, Writer, Fourth>(d), d);
+        walkRows<fast, Stores>(RgbToYuvJob<Reader, RgbToYuv<clamped>, Writer, Fourth>(d), d);
     }
 };
 
@@ -59,7 +59,7 @@ template <uint32_t factor, class Writer> struct Reduction {
     using Reader = ReducingBgr32Reader<factor>;
 
     template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
-        walkAnyWidth<Stores>(Job<Reader, RgbToYuv<clamped>, Writer, FourthDropped>(d),
+        walkAnyWidth<Stores>(RgbToYuvJob<Reader, RgbToYuv<clamped>, Writer, FourthDropped>(d),
                              lineAddresses(d).rowCount, d.dstWidth);
     }
 };
@@ -97,7 +97,7 @@ private:
     DestinationPointer dst;
 };
 
-void convertReduced(const Descriptor& d) { walkRows<true, StreamingStores>(ReducedJob(d), d); }
+void convertReduced(const Descriptor& d) { walkWholeBlocks<StreamingStores>(ReducedJob(d), d); }
 
 constexpr KernelSet withReducedStreaming(KernelSet kernels) {
     kernels.alignedStreaming = convertReduced;

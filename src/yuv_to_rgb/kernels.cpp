@@ -8,7 +8,7 @@
 namespace orva::ORVA_ISA {
 namespace {
 
-template <class Reader, class Fourth, class Math, class Writer> struct Job {
+template <class Reader, class Fourth, class Math, class Writer> struct YuvToRgbJob {
     static constexpr uint32_t unitPixels = 2;
     static constexpr uint32_t blockPixels = Writer::colourBlock;
     static constexpr uint32_t streamedPixelBytes = Writer::streamedPixelBytes;
@@ -18,7 +18,7 @@ template <class Reader, class Fourth, class Math, class Writer> struct Job {
     Math math;
     Writer writer;
 
-    ORVA_INLINE explicit Job(const Descriptor& d)
+    ORVA_INLINE explicit YuvToRgbJob(const Descriptor& d)
         : reader(d), fourth(d), math(yuvToRgbCoefSetup(d)), writer(d) {}
 
     ORVA_INLINE uint32_t head() const { return writer.template head<unitPixels>(); }
@@ -54,7 +54,7 @@ private:
 template <class Reader, class Fourth, class Writer> struct Conversion {
     template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
         using Math = YuvToRgb<clamped, EvenLuma::wraps>;
-        walkRows<fast, Stores>(Job<Reader, Fourth, Math, Writer>(d), d);
+        walkRows<fast, Stores>(YuvToRgbJob<Reader, Fourth, Math, Writer>(d), d);
     }
 };
 
@@ -65,8 +65,8 @@ template <uint32_t factor> struct Reduction {
 
     template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
         using Math = YuvToRgb<clamped, EvenLuma::isSigned>;
-        walkAnyWidth<Stores>(Job<Reader, Fourth, Math, Bgr32Writer>(d), lineAddresses(d).rowCount,
-                             d.dstWidth, 8);
+        walkAnyWidth<Stores>(YuvToRgbJob<Reader, Fourth, Math, Bgr32Writer>(d),
+                             lineAddresses(d).rowCount, d.dstWidth, 8);
     }
 };
 
