@@ -52,6 +52,16 @@ ORVA_INLINE void convertWith(Stores stores, J& job, size_t blocks) {
 
 // Streams whole cache lines only. A line that is partly written past the cache costs a transfer to
 // memory of its own, and one that is also written through the cache costs several.
+//
+//     cache lines       |       |       |       |       |       |       |
+//     blocks of a row         [____][____][____][____][____][____]
+//     toLine                  <>                                           bytes
+//     lines                     <------------------------------>           bytes
+//     lead                    <---->                                       blocks
+//     whole                   <---------------------------->               blocks
+//
+// The blocks between lead and whole are streamed, those before and behind as far as they lie in
+// the lines.
 template <StreamableJob J> ORVA_INLINE void convertStreaming(J& job, size_t blocks) {
     constexpr size_t blockBytes = J::blockPixels * J::streamedPixelBytes;
     static_assert(blockBytes <= cacheLine);  // so that lead <= whole
