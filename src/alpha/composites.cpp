@@ -27,7 +27,7 @@ static void fillAfter(Export colour, const Descriptor* d) {
     alpha.srcData = nullptr;
     alpha.srcPitch = alpha.srcRowGap = 0;
     destinationBecomesAlpha(alpha);
-    convert(activeKernels->alpha.fill, aligned::alphaPlane, &alpha);
+    convert(activeKernels->alpha.fill, aligned::dst<32, 32>, &alpha);
 }
 
 // Colour, and the source's alpha plane copied.
@@ -36,14 +36,14 @@ static void copyAfter(Export colour, const Descriptor* d) {
     Descriptor alpha = *d;
     sourceBecomesAlpha(alpha);
     destinationBecomesAlpha(alpha);
-    convert(activeKernels->alpha.copy, aligned::alphaPlane, &alpha);
+    convert(activeKernels->alpha.copy, aligned::dst<32, 32>, &alpha);
 }
 
 // The source's alpha plane copied to the destination's main plane.
 static void extract(const Descriptor* d) {
     Descriptor alpha = *d;
     sourceBecomesAlpha(alpha);
-    convert(activeKernels->alpha.copy, aligned::alphaPlane, &alpha);
+    convert(activeKernels->alpha.copy, aligned::dst<32, 32>, &alpha);
 }
 
 ORVA_EX(Y8PUV8I_BGR24IA8P) { fillAfter(ORVA_SSE2_Y8PUV8I_BGR24I_EX, d); }

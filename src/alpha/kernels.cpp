@@ -1,5 +1,5 @@
 // Copying and filling 8-bit alpha planes, where a pixel is a byte and blocks are 32 bytes; and
-// moving alpha between planes and the fourth bytes of BGR32I.
+// moving them out of and into the fourth bytes of BGR32I.
 #include "alpha/kernels.hpp"
 
 #include <type_traits>
@@ -66,7 +66,7 @@ constinit const AlphaKernels alphaKernels{
     .fill = kernelSet<Fill>,
     .bgr32ToAlpha = kernelSet<Repack<Bgr32Reader, AlphaWriter>>,
     .bgr32ToBgr24A8p = kernelSet<Repack<Bgr32Reader, Bgr24AndAlphaWriter>>,
-    .bgr24A8pToBgr32 = kernelSet<Repack<Bgr24WithFourth<PlaneAlpha>, Bgr32Writer>>,
+    .bgr24A8pToBgr32 = kernelSet<Repack<Bgr24WithFourth<FourthFromPlane>, Bgr32Writer>>,
 };
 
 }  // namespace orva::ORVA_ISA

@@ -1,4 +1,4 @@
-// The kernels of alpha planes: copy and fill, and alpha out of and into BGR pixels.
+// The kernels of alpha planes: copy and fill, and out of and into the fourth bytes of pixels.
 #pragma once
 
 #include "frame/kernel.hpp"

@@ -7,9 +7,9 @@
 namespace orva::ORVA_ISA {
 
 // The source's alpha plane, as fourth bytes of otherwise empty pixels.
-class PlaneAlpha {
+class FourthFromPlane {
 public:
-    ORVA_INLINE explicit PlaneAlpha(const Descriptor& d) : src(alphaSource(d)) {}
+    ORVA_INLINE explicit FourthFromPlane(const Descriptor& d) : src(alphaSource(d)) {}
 
     template <class V> ORVA_INLINE Pixels16<V> take16() {
         const V bytes = spreadQuarters(V::load(src));

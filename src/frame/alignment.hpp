@@ -1,7 +1,8 @@
 // The tests by which exports choose the fast kernel: a few low bits of a few fields.
 //
-// Each looks at what its family has always looked at, no more: most never see the source, and none
-// sees an alpha plane. The header states what callers therefore owe.
+// None may look at more, because some bytes depend on the kernel and hosts compare bytes: most
+// never see the source, and none sees an alpha plane beside an image. The header states what
+// callers therefore owe.
 #pragma once
 
 #include "frame/kernel.hpp"
@@ -15,36 +16,15 @@ inline bool to(uint32_t multiple, const void* address) {
 inline bool to(uint32_t multiple, int32_t pitch) { return uint32_t(pitch) % multiple == 0; }
 inline bool to(uint32_t multiple, uint32_t width) { return width % multiple == 0; }
 
-inline bool alphaPlane(const Descriptor& d) {
-    return to(16, d.dstData) && to(32, d.dstPitch) && to(32, d.dstWidth);
+// The destination's address to 16, its pitch and width to the multiples given.
+template <uint32_t pitch, uint32_t width> inline bool dst(const Descriptor& d) {
+    return to(16, d.dstData) && to(pitch, d.dstPitch) && to(width, d.dstWidth);
 }
 
-inline bool destination(const Descriptor& d) {
-    return to(16, d.dstData) && to(16, d.dstPitch) && to(16, d.dstWidth);
-}
-
-inline bool bgr24Destination(const Descriptor& d) {
-    return to(16, d.dstData) && to(48, d.dstPitch) && to(16, d.dstWidth);
-}
-
-// Tests the colour plane twice instead of looking at the alpha plane.
-inline bool bgr24AndAlphaDestination(const Descriptor& d) {
-    return bgr24Destination(d) && destination(d);
-}
-
-inline bool bgr24ToYuv(const Descriptor& d) {
-    return to(16, d.dstData) && to(16, d.dstPitch) && to(8, d.dstWidth);
-}
-
-inline bool packedToBgr32(const Descriptor& d) {
-    return to(16, d.srcData) && to(16, d.srcPitch) && to(16, d.dstData) && to(32, d.dstPitch) &&
-           to(8, d.dstWidth);
-}
-
-// Of all exports with a mode table as well, whichever side is BGR.
-inline bool bgr32ToYuv(const Descriptor& d) {
-    return to(16, d.srcData) && to(32, d.srcPitch) && to(16, d.dstData) && to(16, d.dstPitch) &&
-           to(8, d.dstWidth);
+// The same of the destination, and of the source its address and pitch.
+template <uint32_t srcPitch, uint32_t dstPitch, uint32_t width>
+inline bool both(const Descriptor& d) {
+    return to(16, d.srcData) && to(srcPitch, d.srcPitch) && dst<dstPitch, width>(d);
 }
 
 }  // namespace orva::aligned

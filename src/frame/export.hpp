@@ -1,6 +1,6 @@
 // How exports are written: one line that says which kernels and which test selects among them.
 //
-//     ORVA_EX(A8P_A8P) { convert(activeKernels->alpha.copy, aligned::alphaPlane, d); }
+//     ORVA_EX(A8P_A8P) { convert(activeKernels->alpha.copy, aligned::dst<32, 32>, d); }
 //
 // defines ORVA_SSE2_A8P_A8P_EX, whose descriptor is d.
 #pragma once
@@ -11,11 +11,11 @@
 
 namespace orva {
 
-// Kernels is a KernelSet or a ModeTable.
-template <class Kernels>
-inline void convert(const Kernels& kernels, bool (*isAligned)(const Descriptor&),
+// Choices are a KernelSet or a ModeTable.
+template <class Choices>
+inline void convert(const Choices& choices, bool (*isAligned)(const Descriptor&),
                     const Descriptor* d) {
-    kernels.choose(isAligned(*d), *d)(*d);
+    choices.choose(isAligned(*d), *d)(*d);
     if (activeKernels != kernelTables[0].kernels)
         leaveWideRegisters();
 }

@@ -1,4 +1,4 @@
-// What an export chooses from: kernels, the four forms of a conversion, and tables of modes.
+// What an export chooses from: kernels, the four of a conversion, and tables of modes.
 #pragma once
 
 #include <orva/orva.h>
@@ -7,19 +7,20 @@ namespace orva {
 
 using Descriptor = OrvaConversionDescriptor;
 
-// Converts the whole image that a descriptor describes.
+// One way of doing a conversion, over the whole image of a descriptor.
 using Kernel = void (*)(const Descriptor&);
 
-// The forms of one conversion: fast or general, each with ordinary or streaming stores.
+// The kernels of one conversion, with ordinary and with streaming stores. Descriptors that pass the
+// export's test of alignment get the fast kernel where there is one, all others the general one.
 struct KernelSet {
-    Kernel fast;
-    Kernel fastStreaming;
+    Kernel aligned;
+    Kernel alignedStreaming;
     Kernel general;
     Kernel generalStreaming;
 
-    Kernel choose(bool aligned, const Descriptor& d) const {
-        if (aligned)
-            return d.streamingStores ? fastStreaming : fast;
+    Kernel choose(bool isAligned, const Descriptor& d) const {
+        if (isAligned)
+            return d.streamingStores ? alignedStreaming : aligned;
         return d.streamingStores ? generalStreaming : general;
     }
 };
@@ -30,9 +31,9 @@ struct ModeTable {
     static constexpr uint32_t modes = 5;
     KernelSet mode[modes];
 
-    Kernel choose(bool aligned, const Descriptor& d) const {
+    Kernel choose(bool isAligned, const Descriptor& d) const {
         const uint32_t column = uint32_t(d.kernelMode);
-        return mode[column < modes ? column : 0].choose(aligned, d);
+        return mode[column < modes ? column : 0].choose(isAligned, d);
     }
 };
 

@@ -1,5 +1,5 @@
 // How the reducing kernel modes walk their source: along two running line pointers in turn, taking
-// every second or fourth pixel of a line.
+// every factor-th pixel of a line, where factor is 2 in kernel mode 1 and 4 in mode 2.
 #pragma once
 
 #include "frame/kernel.hpp"
@@ -8,9 +8,9 @@
 namespace orva::ORVA_ISA {
 
 // Pitches in the direction of the image are added for the second line of a pair and from pair to
-// pair, on top of the row gap. Kernel mode 1 pairs lines 2 apart, mode 2 lines 4 apart; a source
-// whose pairs are adjacent has the second line next to the first but the same advance. Without line
-// addressing both pointers start at the first line, and the row gap alone moves them.
+// pair, on top of the row gap. The lines of a pair lie factor lines apart; a source whose pairs are
+// adjacent has the second line next to the first but the same advance. Without line addressing both
+// pointers start at the first line, and the row gap alone moves them.
 struct LineAddresses {
     const uint8_t* lineA;
     const uint8_t* lineB;
@@ -22,14 +22,14 @@ inline LineAddresses lineAddresses(const Descriptor& d) {
     const uint8_t* const src = static_cast<const uint8_t*>(d.srcData);
     if (d.lineMode != 1 && d.lineMode != 2)
         return {src, src, d.srcRowGap, d.srcHeight};
-    const ptrdiff_t step = d.kernelMode == 1 ? 2 : 4;
+    const ptrdiff_t factor = d.kernelMode == 1 ? 2 : 4;
     const ptrdiff_t downwards = d.srcRowGap < 0 ? -ptrdiff_t(d.srcPitch) : ptrdiff_t(d.srcPitch);
-    return {src, src + (d.srcLinePairAdjacent ? 1 : step) * downwards,
-            d.srcRowGap + 2 * step * downwards, d.dstHeight};
+    return {src, src + (d.srcLinePairAdjacent ? 1 : factor) * downwards,
+            d.srcRowGap + 2 * factor * downwards, d.dstHeight};
 }
 
-// Which of the two pointers moves on after a row: YCbCr sources have always moved the one just
-// used, BGR sources the other.
+// Which of the two pointers moves on after a row: for YCbCr sources the one just used, for BGR
+// sources the other. Hosts compare bytes, so it stays different.
 enum class Moves { usedLine, otherLine };
 
 template <Moves moves> class LinePairs {
@@ -64,26 +64,26 @@ private:
     ptrdiff_t pairAdvance;
 };
 
-// Up to 8 dwords, each factor-th from p on; nothing between and behind them is read.
+// Up to 8 dwords, each stride-th from p on; nothing between and behind them is read.
 struct FewDwords {
     Vec128 first, second;
 };
 
-template <uint32_t factor, uint32_t count> ORVA_INLINE FewDwords fewDwords(const uint8_t* p) {
-    constexpr size_t step = 4 * factor;
+template <uint32_t stride, uint32_t count> ORVA_INLINE FewDwords fewDwords(const uint8_t* p) {
+    constexpr size_t step = 4 * stride;
     if constexpr (count == 8)
         return {Vec128::gather<4>(p, step), Vec128::gather<4>(p + 4 * step, step)};
     else
         return {Vec128::gather<count>(p, step), Vec128::zero()};
 }
 
-// 4 * V::lanes dwords in memory order, each factor-th from p on.
-template <class V, uint32_t factor> ORVA_INLINE V everyDword(const uint8_t* p) {
-    if constexpr (factor == 1)
+// 4 * V::lanes dwords in memory order, each stride-th from p on.
+template <class V, uint32_t stride> ORVA_INLINE V everyDword(const uint8_t* p) {
+    if constexpr (stride == 1)
         return V::load(p);
     else
-        return groupHalves(evenDwords(everyDword<V, factor / 2>(p),
-                                      everyDword<V, factor / 2>(p + factor / 2 * V::bytes)));
+        return groupHalves(evenDwords(everyDword<V, stride / 2>(p),
+                                      everyDword<V, stride / 2>(p + stride / 2 * V::bytes)));
 }
 
 }  // namespace orva::ORVA_ISA

@@ -1,28 +1,48 @@
 // The two walks over the rows of an image that serve every kernel.
 //
-// A job is one conversion under way: it holds the running pointers of its planes and offers
-//
-//     unitPixels                 pixels of a unit, the least it can convert: 1, or 2 for 4:2:2
-//     blockPixels                pixels of a block, the least it can convert with whole vectors
-//     streamedPixelBytes         bytes of a pixel that can be streamed, 0 if none can
-//     streamed()                 if any: where the next block's go, null if they cannot be here
-//     head()                     units from the destination pointer to the first 16-byte boundary
-//     blocks<V>(stores)          converts V::lanes blocks and moves on
-//     units<count>()             converts 1, 2 or 4 units and moves on
-//     endRow()                   adds the row gaps
-//
+// They walk for a job: one conversion under way, which holds the running pointers of its planes.
 // The fast walk knows whole blocks only: what is left of a row is not touched, and the pointers do
 // not pass over it. The general walk splits every row anew into head units, blocks and tail units;
 // a row too narrow to be worth it is all head.
 #pragma once
+
+#include <concepts>
 
 #include "frame/kernel.hpp"
 #include "frame/memory_access.hpp"
 
 namespace orva::ORVA_ISA {
 
-template <class Job, class Stores>
-ORVA_INLINE void convertWith(Stores stores, Job& job, size_t blocks) {
+// A job converts blocks of pixels, the least that whole vectors take.
+template <class J>
+concept BlockJob = requires(J job) {
+    { J::blockPixels } -> std::convertible_to<uint32_t>;
+    // Bytes of a pixel that can be streamed, 0 if none can.
+    { J::streamedPixelBytes } -> std::convertible_to<uint32_t>;
+    // Converts Wide::lanes blocks and moves on.
+    job.template blocks<Wide>(OrdinaryStores());
+    // Adds the row gaps.
+    job.endRow();
+};
+
+template <class J>
+concept StreamableJob = BlockJob<J> && requires(J job) {
+    // Where the next block's streamed bytes go, null if they cannot be streamed there.
+    { job.streamed() } -> std::same_as<uint8_t*>;
+};
+
+// For rows of any width it also converts units, the least there is: a pixel, or 2 of 4:2:2.
+template <class J>
+concept Job = BlockJob<J> && requires(J job) {
+    { J::unitPixels } -> std::convertible_to<uint32_t>;
+    // Units from the destination pointer to the first 16-byte boundary.
+    { job.head() } -> std::same_as<uint32_t>;
+    // Converts 4 units, or 2 or 1, and moves on.
+    job.template units<4>();
+};
+
+template <BlockJob J, class Stores>
+ORVA_INLINE void convertWith(Stores stores, J& job, size_t blocks) {
     for (; blocks >= Wide::lanes; blocks -= Wide::lanes)
         job.template blocks<Wide>(stores);
     if constexpr (Wide::lanes > 1)
@@ -32,8 +52,18 @@ ORVA_INLINE void convertWith(Stores stores, Job& job, size_t blocks) {
 
 // Streams whole cache lines only. A line that is partly written past the cache costs a transfer to
 // memory of its own, and one that is also written through the cache costs several.
-template <class Job> ORVA_INLINE void convertStreaming(Job& job, size_t blocks) {
-    constexpr size_t blockBytes = Job::blockPixels * Job::streamedPixelBytes;
+//
+//     cache lines       |       |       |       |       |       |       |
+//     blocks of a row         [____][____][____][____][____][____]
+//     toLine                  <>                                           bytes
+//     lines                     <------------------------------>           bytes
+//     lead                    <---->                                       blocks
+//     whole                   <---------------------------->               blocks
+//
+// The blocks between lead and whole are streamed, those before and behind as far as they lie in
+// the lines.
+template <StreamableJob J> ORVA_INLINE void convertStreaming(J& job, size_t blocks) {
+    constexpr size_t blockBytes = J::blockPixels * J::streamedPixelBytes;
     static_assert(blockBytes <= cacheLine);  // so that lead <= whole
     const uint8_t* const begin = job.streamed();
     const size_t toLine = -reinterpret_cast<uintptr_t>(begin) % cacheLine;
@@ -52,8 +82,8 @@ template <class Job> ORVA_INLINE void convertStreaming(Job& job, size_t blocks) 
         job.template blocks<Vec128>(stores);
 }
 
-template <class Stores, class Job> ORVA_INLINE void convertBlocks(Job& job, size_t blocks) {
-    if constexpr (Stores::streaming && Job::streamedPixelBytes > 0)
+template <class Stores, BlockJob J> ORVA_INLINE void convertBlocks(J& job, size_t blocks) {
+    if constexpr (Stores::streaming && J::streamedPixelBytes > 0)
         convertStreaming(job, blocks);
     else
         convertWith(OrdinaryStores(), job, blocks);
@@ -65,8 +95,8 @@ ORVA_INLINE bool hasRowGaps(const Descriptor& d) {
     return (d.srcRowGap | d.dstRowGap | d.srcPlane2RowGap | d.dstPlane2RowGap) != 0;
 }
 
-template <class Stores, class Job> ORVA_INLINE void walkWholeBlocks(Job job, const Descriptor& d) {
-    size_t rows = d.srcHeight, blocks = d.dstWidth / Job::blockPixels;
+template <class Stores, BlockJob J> ORVA_INLINE void walkWholeBlocks(J job, const Descriptor& d) {
+    size_t rows = d.srcHeight, blocks = d.dstWidth / J::blockPixels;
     if (!hasRowGaps(d)) {
         blocks *= rows;
         rows = 1;
@@ -77,7 +107,7 @@ template <class Stores, class Job> ORVA_INLINE void walkWholeBlocks(Job job, con
     }
 }
 
-template <class Job> ORVA_INLINE void convertUnits(Job& job, uint32_t count) {
+template <Job J> ORVA_INLINE void convertUnits(J& job, uint32_t count) {
     for (; count >= 4; count -= 4)
         job.template units<4>();
     if (count & 2)
@@ -86,20 +116,20 @@ template <class Job> ORVA_INLINE void convertUnits(Job& job, uint32_t count) {
         job.template units<1>();
 }
 
-template <class Stores, class Job>
-ORVA_INLINE void walkAnyWidth(Job job, uint32_t rows, uint32_t width, uint32_t narrow = 16) {
+template <class Stores, Job J>
+ORVA_INLINE void walkAnyWidth(J job, uint32_t rows, uint32_t width, uint32_t narrow = 16) {
     for (; rows > 0; --rows) {
-        const uint32_t head = width < narrow ? width / Job::unitPixels : job.head();
-        const uint32_t behindHead = width - head * Job::unitPixels;
+        const uint32_t head = width < narrow ? width / J::unitPixels : job.head();
+        const uint32_t behindHead = width - head * J::unitPixels;
         convertUnits(job, head);
-        convertBlocks<Stores>(job, behindHead / Job::blockPixels);
-        convertUnits(job, behindHead % Job::blockPixels / Job::unitPixels);
+        convertBlocks<Stores>(job, behindHead / J::blockPixels);
+        convertUnits(job, behindHead % J::blockPixels / J::unitPixels);
         job.endRow();
     }
 }
 
-template <bool fast, class Stores, class Job>
-ORVA_INLINE void walkRows(const Job& job, const Descriptor& d) {
+template <bool fast, class Stores, Job J>
+ORVA_INLINE void walkRows(const J& job, const Descriptor& d) {
     if constexpr (fast)
         walkWholeBlocks<Stores>(job, d);
     else
@@ -130,13 +160,15 @@ template <class Conversion> struct Clamping {
 };
 
 // The kernels of a conversion, which offers run<fast, Stores>(descriptor).
-template <class Conversion, bool hasFastWalk = true>
+template <class Conversion, bool fastIfAligned = true>
 inline constexpr KernelSet kernelSet{
-    Conversion::template run<hasFastWalk, OrdinaryStores>,
-    Conversion::template run<hasFastWalk, StreamingStores>,
-    Conversion::template run<false, OrdinaryStores>,
-    Conversion::template run<false, StreamingStores>,
+    .aligned = Conversion::template run<fastIfAligned, OrdinaryStores>,
+    .alignedStreaming = Conversion::template run<fastIfAligned, StreamingStores>,
+    .general = Conversion::template run<false, OrdinaryStores>,
+    .generalStreaming = Conversion::template run<false, StreamingStores>,
 };
+
+// The general ones alone, whatever the test of alignment says.
 template <class Conversion>
 inline constexpr KernelSet generalKernelSet = kernelSet<Conversion, false>;
 

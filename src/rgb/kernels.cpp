@@ -1,5 +1,5 @@
-// Copying BGR and repacking it between 3 and 4 bytes per pixel. The BGR32I copy has always loaded
-// its blocks aligned, and the header says so.
+// Copying BGR and repacking it between 3 and 4 bytes per pixel. The BGR32I copy loads its blocks
+// aligned; the header says what callers therefore owe.
 #include "rgb/kernels.hpp"
 
 #include "frame/move.hpp"
@@ -10,7 +10,7 @@ extern const RgbKernels rgbKernels;
 constinit const RgbKernels rgbKernels{
     .bgr32ToBgr32 = kernelSet<Move<Bgr32Pixels, Unchanged, AlignedLoads>>,
     .bgr32ToBgr24 = kernelSet<Repack<Bgr32Reader, Bgr24Writer>>,
-    .bgr24ToBgr32 = kernelSet<Repack<Bgr24WithFourth<ConstantAlpha>, Bgr32Writer>>,
+    .bgr24ToBgr32 = kernelSet<Repack<Bgr24WithFourth<FourthFromConstant>, Bgr32Writer>>,
     .bgr24ToBgr24 = kernelSet<Move<Bgr24Pixels, Unchanged, UnalignedLoads>>,
 };
 

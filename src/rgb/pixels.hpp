@@ -1,4 +1,6 @@
 // BGR pixels in vectors: four bytes each, in memory order.
+//
+// The fourth byte is part of a pixel. Alpha is not: it is a plane, or the descriptor's constant.
 #pragma once
 
 #include "frame/kernel.hpp"

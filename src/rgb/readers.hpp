@@ -54,7 +54,7 @@ private:
     SourcePointer src;
 };
 
-// Every factor-th pixel of BGR32I lines.
+// BGR32I reduced by a factor: every factor-th pixel, which is a dword.
 template <uint32_t factor> class ReducingBgr32Reader {
 public:
     ORVA_INLINE explicit ReducingBgr32Reader(const Descriptor& d)
@@ -158,9 +158,9 @@ public:
 
     template <class V> ORVA_INLINE Pixels16<V> take16() {
         const Pixels16<V> pixels = colour.template take16<V>();
-        const Pixels16<V> alpha = fourth.template take16<V>();
-        return {join(pixels.a, alpha.a), join(pixels.b, alpha.b), join(pixels.c, alpha.c),
-                join(pixels.d, alpha.d)};
+        const Pixels16<V> fourths = fourth.template take16<V>();
+        return {join(pixels.a, fourths.a), join(pixels.b, fourths.b), join(pixels.c, fourths.c),
+                join(pixels.d, fourths.d)};
     }
 
     ORVA_INLINE uint32_t takePixel() { return colour.takePixel() | fourth.takePixel(); }
@@ -179,21 +179,21 @@ private:
     Fourth fourth;
 };
 
-// The low byte of the descriptor's alphaValue, as a pixel's fourth byte.
-class ConstantAlpha {
+// The low byte of the constant, as the fourth byte of otherwise empty pixels.
+class FourthFromConstant {
 public:
-    ORVA_INLINE explicit ConstantAlpha(const Descriptor& d)
-        : alpha(Wide::all32(uint32_t(d.alphaValue) << 24)) {}
+    ORVA_INLINE explicit FourthFromConstant(const Descriptor& d)
+        : pixels(Wide::all32(uint32_t(d.alphaValue) << 24)) {}
 
     template <class V> ORVA_INLINE Pixels16<V> take16() const {
-        const V vector = constant<V>(alpha);
+        const V vector = constant<V>(pixels);
         return {vector, vector, vector, vector};
     }
-    ORVA_INLINE uint32_t takePixel() const { return alpha.firstLane().low32(); }
+    ORVA_INLINE uint32_t takePixel() const { return pixels.firstLane().low32(); }
     ORVA_INLINE void endRow() {}
 
 private:
-    Wide alpha;
+    Wide pixels;
 };
 
 }  // namespace orva::ORVA_ISA

@@ -11,7 +11,7 @@
 namespace orva::ORVA_ISA {
 namespace {
 
-template <class Reader, class Math, class Writer, class Fourth> struct Job {
+template <class Reader, class Math, class Writer, class Fourth> struct RgbToYuvJob {
     static constexpr uint32_t unitPixels = 2;
     static constexpr uint32_t blockPixels = 8;
     static constexpr uint32_t streamedPixelBytes = Writer::streamedPixelBytes;
@@ -21,7 +21,7 @@ template <class Reader, class Math, class Writer, class Fourth> struct Job {
     Writer writer;
     Fourth fourth;
 
-    ORVA_INLINE explicit Job(const Descriptor& d)
+    ORVA_INLINE explicit RgbToYuvJob(const Descriptor& d)
         : reader(d), math(rgbToYuvConstants(d)), writer(d), fourth(d) {}
 
     ORVA_INLINE uint32_t head() const { return writer.head(); }
@@ -50,22 +50,23 @@ template <class Source, class Writer, class Fourth> struct Conversion {
     using Reader = std::conditional_t<Writer::isSemiPlanar, FetchingAhead<Source>, Source>;
 
     template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(Job<Reader, RgbToYuv<clamped>, Writer, Fourth>(d), d);
+        walkRows<fast, Stores>(RgbToYuvJob<Reader, RgbToYuv<clamped>, Writer, Fourth>(d), d);
     }
 };
 
+// A mode that reduces width and height by a factor.
 template <uint32_t factor, class Writer> struct Reduction {
     using Reader = ReducingBgr32Reader<factor>;
 
     template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
-        walkAnyWidth<Stores>(Job<Reader, RgbToYuv<clamped>, Writer, FourthDropped>(d),
+        walkAnyWidth<Stores>(RgbToYuvJob<Reader, RgbToYuv<clamped>, Writer, FourthDropped>(d),
                              lineAddresses(d).rowCount, d.dstWidth);
     }
 };
 
-// What BGR24I to UVYY16I has always done with aligned streaming requests: 16 bytes for each 8
-// pixels as usual, but in them the luma of the first 4, unbounded, as words, and 4 words of the
-// luma offset.
+// What BGR24I to UVYY16I does instead where it streams and its test of alignment passes, since
+// hosts compare bytes: 16 bytes for each 8 pixels as usual, but in them the luma of the first 4,
+// unbounded, as words, and 4 words of the luma offset.
 class ReducedJob {
 public:
     static constexpr uint32_t blockPixels = 8;
@@ -96,10 +97,10 @@ private:
     DestinationPointer dst;
 };
 
-void convertReduced(const Descriptor& d) { walkRows<true, StreamingStores>(ReducedJob(d), d); }
+void convertReduced(const Descriptor& d) { walkWholeBlocks<StreamingStores>(ReducedJob(d), d); }
 
 constexpr KernelSet withReducedStreaming(KernelSet kernels) {
-    kernels.fastStreaming = convertReduced;
+    kernels.alignedStreaming = convertReduced;
     return kernels;
 }
 

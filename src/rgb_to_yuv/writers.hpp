@@ -36,8 +36,8 @@ private:
     DestinationPointer dst;
 };
 
-// A luma plane and a plane of chroma pairs, which moves by the same gap. Streaming has never meant
-// anything here: a block is 8 bytes to each plane, which need no alignment.
+// A luma plane and a plane of chroma pairs, which moves by the same gap. Streaming means nothing
+// here: a block is 8 bytes to each plane, which need no alignment.
 class SemiPlanarWriter {
 public:
     static constexpr uint32_t streamedPixelBytes = 0;

@@ -6,15 +6,15 @@ using namespace orva;
 
 static const YuvToRgbKernels& kernels() { return activeKernels->yuvToRgb; }
 
-ORVA_EX(UYVY16I_BGR32I) { convert(kernels().uyvyToBgr32, aligned::bgr32ToYuv, d); }
-ORVA_EX(YUYV16I_BGR32I) { convert(kernels().yuyvToBgr32, aligned::packedToBgr32, d); }
-ORVA_EX(Y8PUV8I_BGR32I) { convert(kernels().semiPlanarToBgr32, aligned::bgr32ToYuv, d); }
+ORVA_EX(UYVY16I_BGR32I) { convert(kernels().uyvyToBgr32, aligned::both<32, 16, 8>, d); }
+ORVA_EX(YUYV16I_BGR32I) { convert(kernels().yuyvToBgr32, aligned::both<16, 32, 8>, d); }
+ORVA_EX(Y8PUV8I_BGR32I) { convert(kernels().semiPlanarToBgr32, aligned::both<32, 16, 8>, d); }
 
-ORVA_EX(UYVY16IA8P_BGR32I) { convert(kernels().uyvyA8pToBgr32, aligned::packedToBgr32, d); }
-ORVA_EX(YUYV16IA8P_BGR32I) { convert(kernels().yuyvA8pToBgr32, aligned::packedToBgr32, d); }
-ORVA_EX(Y8PUV8IA8P_BGR32I) { convert(kernels().semiPlanarA8pToBgr32, aligned::destination, d); }
+ORVA_EX(UYVY16IA8P_BGR32I) { convert(kernels().uyvyA8pToBgr32, aligned::both<16, 32, 8>, d); }
+ORVA_EX(YUYV16IA8P_BGR32I) { convert(kernels().yuyvA8pToBgr32, aligned::both<16, 32, 8>, d); }
+ORVA_EX(Y8PUV8IA8P_BGR32I) { convert(kernels().semiPlanarA8pToBgr32, aligned::dst<16, 16>, d); }
 
-ORVA_EX(UYVY16I_BGR24I) { convert(kernels().uyvyToBgr24, aligned::bgr24Destination, d); }
-ORVA_EX(YUYV16I_BGR24I) { convert(kernels().yuyvToBgr24, aligned::bgr24Destination, d); }
-ORVA_EX(UVYY16I_BGR24I) { convert(kernels().uvyyToBgr24, aligned::bgr24Destination, d); }
-ORVA_EX(Y8PUV8I_BGR24I) { convert(kernels().semiPlanarToBgr24, aligned::bgr24Destination, d); }
+ORVA_EX(UYVY16I_BGR24I) { convert(kernels().uyvyToBgr24, aligned::dst<48, 16>, d); }
+ORVA_EX(YUYV16I_BGR24I) { convert(kernels().yuyvToBgr24, aligned::dst<48, 16>, d); }
+ORVA_EX(UVYY16I_BGR24I) { convert(kernels().uvyyToBgr24, aligned::dst<48, 16>, d); }
+ORVA_EX(Y8PUV8I_BGR24I) { convert(kernels().semiPlanarToBgr24, aligned::dst<48, 16>, d); }

@@ -8,7 +8,7 @@
 namespace orva::ORVA_ISA {
 namespace {
 
-template <class Reader, class Fourth, class Math, class Writer> struct Job {
+template <class Reader, class Fourth, class Math, class Writer> struct YuvToRgbJob {
     static constexpr uint32_t unitPixels = 2;
     static constexpr uint32_t blockPixels = Writer::colourBlock;
     static constexpr uint32_t streamedPixelBytes = Writer::streamedPixelBytes;
@@ -18,7 +18,7 @@ template <class Reader, class Fourth, class Math, class Writer> struct Job {
     Math math;
     Writer writer;
 
-    ORVA_INLINE explicit Job(const Descriptor& d)
+    ORVA_INLINE explicit YuvToRgbJob(const Descriptor& d)
         : reader(d), fourth(d), math(yuvToRgbCoefSetup(d)), writer(d) {}
 
     ORVA_INLINE uint32_t head() const { return writer.template head<unitPixels>(); }
@@ -54,20 +54,19 @@ private:
 template <class Reader, class Fourth, class Writer> struct Conversion {
     template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
         using Math = YuvToRgb<clamped, EvenLuma::wraps>;
-        walkRows<fast, Stores>(Job<Reader, Fourth, Math, Writer>(d), d);
+        walkRows<fast, Stores>(YuvToRgbJob<Reader, Fourth, Math, Writer>(d), d);
     }
 };
 
-// A mode that reduces by taking every factor-th pixel pair. Only rows below 8 pixels are all head
-// here.
+// A mode that reduces width and height by a factor. Only rows below 8 pixels are all head here.
 template <uint32_t factor> struct Reduction {
     using Reader = ReducingReader<factor>;
-    using Fourth = PairwiseConstantFourth;
+    using Fourth = FourthWordsOfPairs;
 
     template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
         using Math = YuvToRgb<clamped, EvenLuma::isSigned>;
-        walkAnyWidth<Stores>(Job<Reader, Fourth, Math, Bgr32Writer>(d), lineAddresses(d).rowCount,
-                             d.dstWidth, 8);
+        walkAnyWidth<Stores>(YuvToRgbJob<Reader, Fourth, Math, Bgr32Writer>(d),
+                             lineAddresses(d).rowCount, d.dstWidth, 8);
     }
 };
 
@@ -75,14 +74,14 @@ template <class Reader, class Fourth>
 constexpr KernelSet toBgr32 = kernelSet<Clamping<Conversion<Reader, Fourth, Bgr32Writer>>>;
 
 template <class Reader>
-constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourth, Bgr24Writer>>>;
+constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourthWords, Bgr24Writer>>>;
 
-// The modes are always the general kernel. The semi-planar export's have always read a single
-// packed plane, as UYVY16I's do.
+// The modes are always the general kernel. The semi-planar export's read a single packed plane, as
+// UYVY16I's do; the header says so.
 template <class Reader>
-constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, ConstantFourth>,
-                                      generalKernelSet<Clamping<Reduction<1>>>,
-                                      generalKernelSet<Clamping<Reduction<2>>>}};
+constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, FourthWordsFromConstant>,
+                                      generalKernelSet<Clamping<Reduction<2>>>,
+                                      generalKernelSet<Clamping<Reduction<4>>>}};
 
 }  // namespace
 
@@ -90,10 +89,10 @@ extern const YuvToRgbKernels yuvToRgbKernels;
 constinit const YuvToRgbKernels yuvToRgbKernels{
     .uyvyToBgr32 = toBgr32WithModes<PackedReader<Uyvy>>,
     .semiPlanarToBgr32 = toBgr32WithModes<SemiPlanarReader>,
-    .yuyvToBgr32 = toBgr32<PackedReader<Yuyv>, ConstantFourth>,
-    .uyvyA8pToBgr32 = toBgr32<PackedReader<Uyvy>, PlaneFourth>,
-    .yuyvA8pToBgr32 = toBgr32<PackedReader<Yuyv>, PlaneFourth>,
-    .semiPlanarA8pToBgr32 = toBgr32<SemiPlanarReader, PlaneFourth>,
+    .yuyvToBgr32 = toBgr32<PackedReader<Yuyv>, FourthWordsFromConstant>,
+    .uyvyA8pToBgr32 = toBgr32<PackedReader<Uyvy>, FourthWordsFromPlane>,
+    .yuyvA8pToBgr32 = toBgr32<PackedReader<Yuyv>, FourthWordsFromPlane>,
+    .semiPlanarA8pToBgr32 = toBgr32<SemiPlanarReader, FourthWordsFromPlane>,
     .uyvyToBgr24 = toBgr24<PackedReader<Uyvy>>,
     .yuyvToBgr24 = toBgr24<PackedReader<Yuyv>>,
     .uvyyToBgr24 = toBgr24<PackedReader<Uvyy>>,

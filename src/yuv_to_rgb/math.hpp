@@ -22,8 +22,8 @@ template <class V> struct Yuv {
 template <class V> struct BgrPixels { V first, second; };
 
 // Where studio luma lies below its offset and is not clamped, the difference is negative. Full-size
-// conversions have always taken its low 8 bits as unsigned in even pixels, so that these are near
-// white where odd pixels are black; the reducing modes take the signed value in both.
+// conversions take its low 8 bits as unsigned in even pixels, so that these are near white where
+// odd pixels are black; the reducing modes take the signed value in both. Hosts compare bytes.
 enum class EvenLuma { wraps, isSigned };
 
 // clamped: luma is bounded to 16..235 first.

@@ -1,4 +1,4 @@
-// Where the samples and the fourth bytes of YCbCr to RGB conversions come from.
+// Where the samples and the fourth bytes, a word each, of YCbCr to RGB conversions come from.
 #pragma once
 
 #include "frame/line_pairs.hpp"
@@ -72,24 +72,24 @@ private:
     SourcePointer luma, chroma;
 };
 
-// UYVY16I at a fraction of its size: luma is the first of every factor-th pixel pair, chroma that
-// of the even ones among those pairs.
+// UYVY16I reduced by a factor: the luma of every factor-th pixel, which is the first one of a pair,
+// and the chroma of every other pair among those.
 template <uint32_t factor> class ReducingReader {
 public:
     ORVA_INLINE explicit ReducingReader(const Descriptor& d)
         : lines(lineAddresses(d)), src(lines.line()) {}
 
     template <class V> ORVA_INLINE Yuv<V> take() {
-        lines.template fetchFromNextLine<2 * factor * V::bytes>(src);
-        const V first = everyDword<V, factor>(src);
-        const V second = everyDword<V, factor>(src + factor * V::bytes);
-        src += 2 * factor * V::bytes;
+        lines.template fetchFromNextLine<2 * stride * V::bytes>(src);
+        const V first = everyDword<V, stride>(src);
+        const V second = everyDword<V, stride>(src + stride * V::bytes);
+        src += 2 * stride * V::bytes;
         return sampled(first, second);
     }
 
     template <uint32_t count> ORVA_INLINE Yuv<Vec128> takePairs() {
-        const FewDwords pairs = fewDwords<factor, 2 * count>(src);
-        src += 8 * factor * count;
+        const FewDwords pairs = fewDwords<stride, 2 * count>(src);
+        src += 8 * stride * count;
         return sampled(pairs.first, pairs.second);
     }
 
@@ -99,6 +99,8 @@ public:
     }
 
 private:
+    static constexpr uint32_t stride = factor / 2;  // in pairs, which are dwords
+
     template <class V> ORVA_INLINE static Yuv<V> sampled(V first, V second) {
         const V oddLumaDropped = V::all32(0xFFFF);
         return {packWords(Uyvy::luma<2>(first) & oddLumaDropped,
@@ -111,24 +113,24 @@ private:
 };
 
 // No fourth byte at all, for BGR24I.
-class NoFourth {
+class NoFourthWords {
 public:
-    ORVA_INLINE explicit NoFourth(const Descriptor&) {}
+    ORVA_INLINE explicit NoFourthWords(const Descriptor&) {}
     template <class V> ORVA_INLINE V take() { return V::zero(); }
     template <uint32_t> ORVA_INLINE Vec128 takePairs() { return Vec128::zero(); }
     ORVA_INLINE void endRow() {}
 };
 
-// Single pairs have always had the constant one byte too high in the odd pixel's word and not at
-// all in the even one's, so that saturation makes it 0 or 255.
+// Single pairs have the constant one byte too high in the odd pixel's word and not at all in the
+// even one's, so that saturation makes it 0 or 255. Hosts compare bytes, so it stays there.
 ORVA_INLINE Wide pairwiseConstant(const Descriptor& d) {
     return Wide::all32(uint32_t(d.alphaValue) << 24);
 }
 
 // The descriptor's constant.
-class ConstantFourth {
+class FourthWordsFromConstant {
 public:
-    ORVA_INLINE explicit ConstantFourth(const Descriptor& d)
+    ORVA_INLINE explicit FourthWordsFromConstant(const Descriptor& d)
         : block(Wide::all16(int16_t(d.alphaValue))), pair(pairwiseConstant(d).firstLane()) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(block); }
@@ -141,9 +143,9 @@ private:
 };
 
 // The constant as single pairs have it, in blocks as well: the reducing modes.
-class PairwiseConstantFourth {
+class FourthWordsOfPairs {
 public:
-    ORVA_INLINE explicit PairwiseConstantFourth(const Descriptor& d) : pairs(pairwiseConstant(d)) {}
+    ORVA_INLINE explicit FourthWordsOfPairs(const Descriptor& d) : pairs(pairwiseConstant(d)) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(pairs); }
     template <uint32_t> ORVA_INLINE Vec128 takePairs() { return pairs.firstLane(); }
@@ -155,9 +157,9 @@ private:
 
 // The source's alpha plane. Blocks move the running pointer, single pairs do not: they read at
 // their place in the row, behind what the row's blocks and earlier pairs took.
-class PlaneFourth {
+class FourthWordsFromPlane {
 public:
-    ORVA_INLINE explicit PlaneFourth(const Descriptor& d) : src(alphaSource(d)) {}
+    ORVA_INLINE explicit FourthWordsFromPlane(const Descriptor& d) : src(alphaSource(d)) {}
 
     template <class V> ORVA_INLINE V take() {
         const V bytes = spreadQuarters(V::loadLow(src));

@@ -22,10 +22,10 @@ constexpr KernelSet withGeneralOf(KernelSet fast, const KernelSet& general) {
 extern const YuvToYuvKernels yuvToYuvKernels;
 constinit const YuvToYuvKernels yuvToYuvKernels{
     .copy = copy,
-    // Has always loaded its source aligned, and the header says so.
+    // Loads its source aligned; the header says what callers therefore owe.
     .byteSwap = kernelSet<Move<PackedPairs, BytesOfWordsSwapped, AlignedLoads>>,
-    // Between UYVY16I and UVYY16I, either way. Only the fast kernels reorder; the general ones have
-    // always been the plain copy.
+    // Between UYVY16I and UVYY16I, either way. Only the fast kernels reorder; the general ones are
+    // the plain copy, and hosts compare bytes.
     .middleSwap =
         withGeneralOf(kernelSet<Move<PackedPairs, MiddleBytesSwapped, UnalignedLoads>>, copy),
     .split = kernelSet<Split<Uyvy>>,

@@ -1,5 +1,5 @@
-// Packed 4:2:2 taken apart into a luma plane and a plane of chroma pairs. Streaming has never meant
-// anything here.
+// Packed 4:2:2 taken apart into a luma plane and a plane of chroma pairs. Streaming means nothing
+// here, as the header says.
 #pragma once
 
 #include "frame/packed_layouts.hpp"
