@@ -47,7 +47,7 @@ int16_t fixed(double value, int fractionBits) {
 
 }  // namespace
 
-ToPixels toPixels(const Coding& source, bool redFirst) {
+ToPixels toPixels(const Coding& source, const PixelOrder& destination) {
     constexpr int bits = 16;
     const LumaWeights k = weightsOf(source.matrix);
     const Scale words = wordScaleOf(source);
@@ -60,7 +60,8 @@ ToPixels toPixels(const Coding& source, bool redFirst) {
                chroma(-2 * (1 - k.red) * k.red / k.green)};
     c.red = {0, chroma(2 * (1 - k.red))};
     c.start = (1 << (bits - 1)) - rounded(words.black) * c.luma;
-    if (redFirst)
+    // The passes make blue first.
+    if (destination.redFirst())
         std::swap(c.blue, c.red);
     return c;
 }
@@ -97,27 +98,30 @@ ToSamples toSamples(const Coding& source, const Coding& destination) {
     return c;
 }
 
-FromPixels fromPixels(const Coding& destination, bool redFirst) {
-    constexpr int bits = 13, chromaBits = bits + 2;
+FromPixels fromPixels(const PixelOrder& source, const Coding& destination) {
+    constexpr int chromaBits = 13;
+    const int lumaBits = destination.bits == 8 ? 15 : 13;
     const LumaWeights k = weightsOf(destination.matrix);
     const Scale codes = scaleOf(destination.range, destination.bits);
 
     // Green takes what rounding leaves of the sum, so that grey keeps its chroma and white its
     // luma.
-    const auto weights = [](double blue, double red, double sum) {
+    const auto weights = [&](double blue, double red, double sum, int bits) {
         const int16_t b = fixed(blue, bits), r = fixed(red, bits);
-        return RgbWeights{b, int16_t(fixed(sum, bits) - b - r), r};
+        PixelWeights w = {};
+        w.byte[source.blue] = b;
+        w.byte[source.green] = int16_t(fixed(sum, bits) - b - r);
+        w.byte[source.red] = r;
+        return w;
     };
     const double luma = codes.luma / 255, chroma = codes.chroma / 255;
     FromPixels c = {};
-    c.luma = weights(luma * k.blue, luma * k.red, luma);
-    c.cb = weights(chroma / 2, -chroma / 2 * k.red / (1 - k.blue), 0);
-    c.cr = weights(-chroma / 2 * k.blue / (1 - k.red), chroma / 2, 0);
-    c.lumaStart = (1 << (bits - 1)) + (rounded(codes.black) << bits);
-    c.chromaStart = (1 << (chromaBits - 1)) + (rounded(codes.grey) << chromaBits);
-    if (redFirst)
-        for (RgbWeights* const w : {&c.luma, &c.cb, &c.cr})
-            std::swap(w->blue, w->red);
+    c.luma = weights(luma * k.blue, luma * k.red, luma, lumaBits);
+    c.cb = weights(chroma / 2, -chroma / 2 * k.red / (1 - k.blue), 0, chromaBits);
+    c.cr = weights(-chroma / 2 * k.blue / (1 - k.red), chroma / 2, 0, chromaBits);
+    // Passes double the bytes.
+    c.lumaStart = (1 << lumaBits) + (rounded(codes.black) << (lumaBits + 1));
+    c.chromaStart = (1 << 15) + (rounded(codes.grey) << 16);
     return c;
 }
 

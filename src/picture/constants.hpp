@@ -28,13 +28,15 @@ struct ToSamples {
     int32_t lumaStart, chromaStart;
 };
 
-struct RgbWeights {
-    int16_t blue, green, red;
+// Of a pixel's bytes in memory order; 0 for alpha.
+struct PixelWeights {
+    int16_t byte[4];
 };
 
-// RGB to YCbCr: 13 fraction bits, for chroma of a weighted sum of four pixels.
+// RGB to YCbCr: 15 fraction bits for 8-bit luma, 13 for 10-bit luma. Chroma is a sum of four
+// pixels, so that its 13 are 15.
 struct FromPixels {
-    RgbWeights luma, cb, cr;
+    PixelWeights luma, cb, cr;
     int32_t lumaStart, chromaStart;
 };
 
@@ -53,9 +55,15 @@ struct Coding {
     int bits;
 };
 
-// redFirst: pixels begin with red, so that blue and red are exchanged.
-ToPixels toPixels(const Coding& source, bool redFirst);
+// Where the bytes of pixels lie. Those of 3 bytes have their alpha, if they get any, behind them.
+struct PixelOrder {
+    uint8_t blue, green, red, alpha;
+
+    bool redFirst() const { return red < blue; }
+};
+
+ToPixels toPixels(const Coding& source, const PixelOrder& destination);
 ToSamples toSamples(const Coding& source, const Coding& destination);
-FromPixels fromPixels(const Coding& destination, bool redFirst);
+FromPixels fromPixels(const PixelOrder& source, const Coding& destination);
 
 }  // namespace orva::picture

@@ -1,4 +1,4 @@
-// The passes: loops over whole blocks of a piece, composed of readers, maths and writers, and the
+// The passes: loops over whole blocks of rows, composed of readers, maths and writers, and the
 // table of one instruction set.
 #include "frame/memory_access.hpp"
 #include "picture/maths.hpp"
@@ -9,39 +9,58 @@ namespace {
 
 using picture::Constants;
 using picture::Pass;
+using picture::PixelKind;
 
 constexpr size_t half = 8 * Wide::lanes, block = 2 * half;  // pixels
 
-template <class Step> ORVA_INLINE void forBlocks(const Piece& piece, Step step) {
-    for (size_t x = 0; x < piece.pixels; x += block)
-        step(x);
+// Calls convert(from, to) for every row.
+template <class Convert> ORVA_INLINE void forRows(const Piece& piece, Convert convert) {
+    Source from = piece.from;
+    Target to = piece.to;
+    for (size_t row = 0; row < piece.rows; ++row) {
+        convert(from, to);
+        for (size_t i = 0; i < 3; ++i) {
+            from.plane[i] += piece.fromStep[i];
+            to.plane[i] += piece.toStep[i];
+        }
+    }
 }
 
-// ---- From YCbCr: samples of two vectors, then what the maths makes of them ----
+// Calls convert(from, to, x) for every block of every row.
+template <class Convert> ORVA_INLINE void forBlocks(const Piece& piece, Convert convert) {
+    forRows(piece, [&](const Source& from, const Target& to) {
+        for (size_t x = 0; x < piece.pixels; x += block)
+            convert(from, to, x);
+    });
+}
 
-template <class Reader, class Up, class Math, class Put>
+// ---- From YCbCr: the samples of two vectors, then what the maths makes of them ----
+
+template <Layout layout, class Up, class Math, class Put>
 ORVA_INLINE void fromYcbcr(const Piece& piece, const Math& math, Put put) {
-    const auto convert = [&]<bool last>(size_t x) {
-        const Source& from = piece.from;
+    const auto convert = [&]<bool last>(const Source& from, const Target& to, size_t x) {
+        using In = Reader<layout>;
         const auto first =
-            math(Reader::template luma<Wide>(from, x), Up::template take<Reader, false>(from, x));
-        const auto second = math(Reader::template luma<Wide>(from, x + half),
-                                 Up::template take<Reader, last>(from, x + half));
-        put(x, first, second);
+            math(In::template luma<Wide>(from, x), Up::template take<In, false>(from, x));
+        const auto second = math(In::template luma<Wide>(from, x + half),
+                                 Up::template take<In, last>(from, x + half));
+        put(to, x, first, second);
     };
     const size_t inner = piece.rowEnd ? (piece.pixels - 1) / block * block : piece.pixels;
-    for (size_t x = 0; x < inner; x += block)
-        convert.template operator()<false>(x);
-    if (piece.rowEnd)
-        convert.template operator()<true>(inner);
+    forRows(piece, [&](const Source& from, const Target& to) {
+        for (size_t x = 0; x < inner; x += block)
+            convert.template operator()<false>(from, to, x);
+        if (piece.rowEnd)
+            convert.template operator()<true>(from, to, inner);
+    });
 }
 
-template <Layout layout, class Up, class Writer>
+template <Layout layout, class Up, PixelKind kind>
 void toPixels(const Piece& piece, const Constants& c) {
-    fromYcbcr<Reader<layout>, Up>(
-        piece, ToPixelsMath(c),
-        [to = piece.to](size_t x, const Pixels8<Wide>& a, const Pixels8<Wide>& b) {
-            Writer::put(Pixels16<Wide>{a.a, a.b, b.a, b.b}, to, x);
+    fromYcbcr<layout, Up>(
+        piece, ToPixelsMath<kind == PixelKind::alphaFirst>(c),
+        [](const Target& to, size_t x, const Pixels8<Wide>& a, const Pixels8<Wide>& b) {
+            putPixels<kind == PixelKind::noAlpha ? 3 : 4>({a.a, a.b, b.a, b.b}, to.plane[0], x);
         });
 }
 
@@ -51,9 +70,9 @@ ORVA_INLINE void putStrip(const Words<Wide>& words, const Target& to, size_t x) 
 }
 
 template <Layout layout, class Up> void toSamples(const Piece& piece, const Constants& c) {
-    fromYcbcr<Reader<layout>, Up>(
+    fromYcbcr<layout, Up>(
         piece, ToSamplesMath(c),
-        [to = piece.to](size_t x, const Words<Wide>& a, const Words<Wide>& b) {
+        [](const Target& to, size_t x, const Words<Wide>& a, const Words<Wide>& b) {
             putStrip(a, to, x);
             putStrip(b, to, x + half);
         });
@@ -61,94 +80,127 @@ template <Layout layout, class Up> void toSamples(const Piece& piece, const Cons
 
 // ---- From pixels ----
 
-template <class Down> void fromPixels(const Piece& piece, const Constants& c) {
-    const FromPixelsMath math(c);
-    const auto convert = [&]<bool first>(size_t x) {
-        const uint8_t* const pixels = piece.from.plane[0] + 4 * x;
-        putStrip(math.take<Down, first>(pixels), piece.to, x);
-        putStrip(math.take<Down, false>(pixels + 4 * half), piece.to, x + half);
-    };
-    if (piece.rowStart)
-        convert.template operator()<true>(0);
-    for (size_t x = piece.rowStart ? block : 0; x < piece.pixels; x += block)
-        convert.template operator()<false>(x);
+template <class Down, unsigned bytes, int depth>
+void fromPixels(const Piece& piece, const Constants& c) {
+    const FromPixelsMath<depth> math(c);
+    forRows(piece, [&](const Source& from, const Target& to) {
+        const uint8_t* const first = from.plane[0];
+        Split before = splitPixel(pixelAt<bytes>(piece.rowStart ? first : first - bytes));
+        for (size_t x = 0; x < piece.pixels; x += block) {
+            const Pixels16<Wide> in = takePixels<bytes>(first, x);
+            putStrip(math.template operator()<Down>({in.a, in.b}, before), to, x);
+            putStrip(math.template operator()<Down>({in.c, in.d}, before), to, x + half);
+        }
+    });
 }
 
 // ---- From samples ----
 
 template <Layout layout> void fromSamples(const Piece& piece, const Constants&) {
     using Strip = Reader<Layout::v210>;
-    const auto take = [&](size_t x) {
-        return Words<Wide>{Strip::luma<Wide>(piece.from, x), Strip::chroma<Wide>(piece.from, x)};
-    };
-    forBlocks(piece, [&](size_t x) {
-        Writer<layout>::put(WordsPair<Wide>{take(x), take(x + half)}, piece.to, x);
+    forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
+        const auto take = [&](size_t at) {
+            return Words<Wide>{Strip::luma<Wide>(from, at), Strip::chroma<Wide>(from, at)};
+        };
+        Writer<layout>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
     });
 }
 
-// Calls step<V>(unit) for the units of V210 that hold the pixels, Wide::lanes at once and then
-// singly: rows are whole units, and none behind them is touched.
-template <class Step> ORVA_INLINE void forUnits(const Piece& piece, Step step) {
+// ---- V210 ----
+
+constexpr size_t unitBytes = 16, wordBytes = 12;  // of six pixels, packed and as words of each kind
+
+// Calls many(from, to, unit) for 4 * lanes units and one(from, to, unit) for the rest of those that
+// hold the pixels: V210's rows are whole units, of which none further on is touched.
+template <class Many, class One> ORVA_INLINE void forUnits(const Piece& piece, Many many, One one) {
     const size_t units = (piece.pixels + 5) / 6;
-    size_t unit = 0;
-    for (; unit + Wide::lanes <= units; unit += Wide::lanes)
-        step(Wide(), unit);
-    for (; unit < units; ++unit)
-        step(Vec128(), unit);
+    forRows(piece, [&](const Source& from, const Target& to) {
+        size_t unit = 0;
+        for (; unit + 4 * Wide::lanes <= units; unit += 4 * Wide::lanes)
+            many(from, to, unit);
+        for (; unit < units; ++unit)
+            one(from, to, unit);
+    });
 }
 
 void unpackV210(const Piece& piece, const Constants&) {
-    forUnits(piece, [&]<class V>(V, size_t unit) {
-        const TenBitLanes<V> samples = unpackTenBits(V::load(piece.from.plane[0] + 16 * unit));
-        storeTwelves(samples.luma, piece.to.plane[0] + 12 * unit);
-        storeTwelves(samples.chroma, piece.to.plane[1] + 12 * unit);
-    });
+    const auto put = [](const Twelves<Wide>& words, uint8_t* to) {
+        words.first.store(to);
+        words.second.store(to + Wide::bytes);
+        words.third.store(to + 2 * Wide::bytes);
+    };
+    forUnits(
+        piece,
+        [&](const Source& from, const Target& to, size_t unit) {
+            const auto take = [&](size_t i) {
+                return unpackTenBits(
+                    Wide::load(from.plane[0] + unitBytes * unit + Wide::bytes * i));
+            };
+            const TenBitLanes<Wide> a = take(0), b = take(1), c = take(2), d = take(3);
+            put(joinTwelves(a.luma, b.luma, c.luma, d.luma), to.plane[0] + wordBytes * unit);
+            put(joinTwelves(a.chroma, b.chroma, c.chroma, d.chroma),
+                to.plane[1] + wordBytes * unit);
+        },
+        [](const Source& from, const Target& to, size_t unit) {
+            const auto words = unpackTenBits(Vec128::load(from.plane[0] + unitBytes * unit));
+            words.luma.store(to.plane[0] + wordBytes * unit);
+            words.chroma.store(to.plane[1] + wordBytes * unit);
+        });
 }
 
 template <> void fromSamples<Layout::v210>(const Piece& piece, const Constants&) {
-    forUnits(piece, [&]<class V>(V, size_t unit) {
-        const auto take = [&](const uint8_t* plane) {
-            return TenBits<4>::bounded(loadTwelves(plane + 12 * unit, V()));
-        };
-        packTenBits(TenBitLanes<V>{take(piece.from.plane[0]), take(piece.from.plane[1])})
-            .store(piece.to.plane[0] + 16 * unit);
-    });
+    forUnits(
+        piece,
+        [](const Source& from, const Target& to, size_t unit) {
+            const auto take = [&](size_t plane) {
+                const uint8_t* const words = from.plane[plane] + wordBytes * unit;
+                const auto bounded = [&](size_t i) {
+                    return TenBits<4>::bounded(Wide::load(words + Wide::bytes * i));
+                };
+                return spreadTwelves(Twelves<Wide>{bounded(0), bounded(1), bounded(2)});
+            };
+            const TwelvesInLanes<Wide> luma = take(0), chroma = take(1);
+            uint8_t* const units = to.plane[0] + unitBytes * unit;
+            packTenBits<Wide>({luma.a, chroma.a}).store(units);
+            packTenBits<Wide>({luma.b, chroma.b}).store(units + Wide::bytes);
+            packTenBits<Wide>({luma.c, chroma.c}).store(units + 2 * Wide::bytes);
+            packTenBits<Wide>({luma.d, chroma.d}).store(units + 3 * Wide::bytes);
+        },
+        [](const Source& from, const Target& to, size_t unit) {
+            const auto take = [&](size_t plane) {
+                return TenBits<4>::bounded(Vec128::load(from.plane[plane] + wordBytes * unit));
+            };
+            packTenBits<Vec128>({take(0), take(1)}).store(to.plane[0] + unitBytes * unit);
+        });
 }
 
 // ---- What only moves ----
 
-template <Layout from, Layout to> void move(const Piece& piece, const Constants&) {
-    forBlocks(piece, [&](size_t x) {
-        ByteWriter<to>::put(ByteReader<from>::template take<Wide>(piece.from, x), piece.to, x);
+template <Layout source, Layout destination> void move(const Piece& piece, const Constants&) {
+    forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
+        ByteWriter<destination>::put(ByteReader<source>::template take<Wide>(from, x), to, x);
     });
 }
 
 void reorderPairs(const Piece& piece, const Constants& c) {
     const Reorder order(c.order);
-    forBlocks(piece, [&](size_t x) {
+    forBlocks(piece, [&](const Source& from, const Target& to, size_t x) {
         for (const size_t i : {2 * x, 2 * x + Wide::bytes})
-            order(Wide::load(piece.from.plane[0] + i)).store(piece.to.plane[0] + i);
+            order(Wide::load(from.plane[0] + i)).store(to.plane[0] + i);
     });
 }
 
-template <unsigned bytes> ORVA_INLINE Pixels16<Wide> takePixels(const Piece& piece, size_t x) {
-    const uint8_t* const p = piece.from.plane[0] + bytes * x;
-    return bytes == 3 ? takePixels24(p) : takePixels32(p);
-}
-
-template <unsigned from, unsigned to> void repack(const Piece& piece, const Constants& c) {
+template <unsigned source, unsigned destination>
+void repack(const Piece& piece, const Constants& c) {
     const Reorder order(c.order);
     const Wide alpha = Wide::all32(uint32_t(c.alpha) << 24), colour = Wide::all32(0xFFFFFF);
     const auto moved = [&](Wide pixels) {
-        return order(from < to ? (pixels & colour) | alpha : pixels);
+        return order(source < destination ? (pixels & colour) | alpha : pixels);
     };
-    forBlocks(piece, [&](size_t x) {
-        const Pixels16<Wide> in = takePixels<from>(piece, x);
-        const Pixels16<Wide> out{moved(in.a), moved(in.b), moved(in.c), moved(in.d)};
-        if constexpr (to == 3)
-            Pixels24::put(out, piece.to, x);
-        else
-            Pixels32::put(out, piece.to, x);
+    forBlocks(piece, [&](const Source& from, const Target& to, size_t x) {
+        const Pixels16<Wide> in = takePixels<source>(from.plane[0], x);
+        putPixels<destination>({moved(in.a), moved(in.b), moved(in.c), moved(in.d)}, to.plane[0],
+                               x);
     });
 }
 
@@ -156,26 +208,31 @@ template <unsigned from, unsigned to> void repack(const Piece& piece, const Cons
 
 template <bool alphaFirst> void mergeAlpha(const Piece& piece, const Constants&) {
     const Wide colour = Wide::all32(alphaFirst ? 0xFFFFFF00 : 0x00FFFFFF);
-    uint8_t* const pixels = piece.to.plane[0];
-    size_t x = 0;
-    for (; x + block <= piece.pixels; x += block) {
-        const Pixels16<Wide> in = takePixels32(pixels + 4 * x);
-        const Pixels16<Wide> alpha = alphaInPixels<alphaFirst>(piece.from.plane[0] + x);
-        Pixels32::put(Pixels16<Wide>{(in.a & colour) | alpha.a, (in.b & colour) | alpha.b,
-                                     (in.c & colour) | alpha.c, (in.d & colour) | alpha.d},
-                      piece.to, x);
-    }
-    for (; x < piece.pixels; ++x)
-        pixels[4 * x + (alphaFirst ? 0 : 3)] = piece.from.plane[0][x];
+    forRows(piece, [&](const Source& from, const Target& to) {
+        const uint8_t* const bytes = from.plane[0];
+        uint8_t* const pixels = to.plane[0];
+        size_t x = 0;
+        for (; x + block <= piece.pixels; x += block) {
+            const Pixels16<Wide> in = takePixels<4>(pixels, x);
+            const Pixels16<Wide> alpha = alphaInPixels<alphaFirst>(bytes + x);
+            putPixels<4>({(in.a & colour) | alpha.a, (in.b & colour) | alpha.b,
+                          (in.c & colour) | alpha.c, (in.d & colour) | alpha.d},
+                         pixels, x);
+        }
+        for (; x < piece.pixels; ++x)
+            pixels[4 * x + (alphaFirst ? 0 : 3)] = bytes[x];
+    });
 }
 
 template <bool alphaFirst> void extractAlpha(const Piece& piece, const Constants&) {
-    const uint8_t* const pixels = piece.from.plane[0];
-    size_t x = 0;
-    for (; x + block <= piece.pixels; x += block)
-        alphaOf<alphaFirst>(takePixels32(pixels + 4 * x)).store(piece.to.plane[0] + x);
-    for (; x < piece.pixels; ++x)
-        piece.to.plane[0][x] = pixels[4 * x + (alphaFirst ? 0 : 3)];
+    forRows(piece, [&](const Source& from, const Target& to) {
+        const uint8_t* const pixels = from.plane[0];
+        size_t x = 0;
+        for (; x + block <= piece.pixels; x += block)
+            alphaOf<alphaFirst>(takePixels<4>(pixels, x)).store(to.plane[0] + x);
+        for (; x < piece.pixels; ++x)
+            to.plane[0][x] = pixels[4 * x + (alphaFirst ? 0 : 3)];
+    });
 }
 
 // ---- Memory ----
@@ -197,32 +254,41 @@ void stream(uint8_t* to, const uint8_t* from, size_t bytes) {
 
 template <size_t... layouts> struct Layouts {};
 
+template <Layout layout, class Up> constexpr void addFromYcbcr(picture::Kernels& k, size_t chroma) {
+    k.toPixels[layout][chroma][PixelKind::alphaLast] = toPixels<layout, Up, PixelKind::alphaLast>;
+    k.toPixels[layout][chroma][PixelKind::noAlpha] = toPixels<layout, Up, PixelKind::noAlpha>;
+    k.toPixels[layout][chroma][PixelKind::alphaFirst] = toPixels<layout, Up, PixelKind::alphaFirst>;
+    k.toSamples[layout][chroma] = toSamples<layout, Up>;
+}
+
+template <class Down> constexpr void addFromPixels(picture::Kernels& k, size_t chroma) {
+    k.fromPixels[chroma][0][0] = fromPixels<Down, 3, 8>;
+    k.fromPixels[chroma][0][1] = fromPixels<Down, 3, 10>;
+    k.fromPixels[chroma][1][0] = fromPixels<Down, 4, 8>;
+    k.fromPixels[chroma][1][1] = fromPixels<Down, 4, 10>;
+}
+
+template <Layout from, Layout to> constexpr void addMove(picture::Kernels& k) {
+    constexpr bool packed = from <= Layout::uvyy && to <= Layout::uvyy;
+    if constexpr (from != to && !packed)
+        k.move[from][to] = move<from, to>;
+}
+template <Layout from, size_t... to>
+constexpr void addMovesFrom(picture::Kernels& k, Layouts<to...>) {
+    (addMove<from, Layout(to)>(k), ...);
+}
+
 template <size_t... all, size_t... bytes>
 constexpr picture::Kernels makeKernels(Layouts<all...>, Layouts<bytes...>) {
     picture::Kernels k{};
     k.block = block;
-    const auto ofLayout = [&k]<Layout layout>() {
-        k.toPixels[layout][0] = toPixels<layout, CositedUp, Pixels32>;
-        k.toPixels[layout][1] = toPixels<layout, NearestUp, Pixels32>;
-        k.toPixels24[layout][0] = toPixels<layout, CositedUp, Pixels24>;
-        k.toPixels24[layout][1] = toPixels<layout, NearestUp, Pixels24>;
-        k.toSamples[layout][0] = toSamples<layout, CositedUp>;
-        k.toSamples[layout][1] = toSamples<layout, NearestUp>;
-        k.fromSamples[layout] = fromSamples<layout>;
-    };
-    (ofLayout.template operator()<Layout(all)>(), ...);
+    (addFromYcbcr<Layout(all), CositedUp>(k, size_t(Chroma::cosited)), ...);
+    (addFromYcbcr<Layout(all), NearestUp>(k, size_t(Chroma::nearest)), ...);
+    addFromPixels<CositedDown>(k, size_t(Chroma::cosited));
+    addFromPixels<NearestDown>(k, size_t(Chroma::nearest));
     k.unpackV210 = unpackV210;
-    k.fromPixels[0] = fromPixels<CositedDown>;
-    k.fromPixels[1] = fromPixels<NearestDown>;
-
-    const auto moveBetween = [&k]<Layout from, Layout to>() {
-        if constexpr (from != to && (from >= Layout::semiPlanar8 || to >= Layout::semiPlanar8))
-            k.move[from][to] = move<from, to>;
-    };
-    const auto movesFrom = [&]<Layout from>() {
-        (moveBetween.template operator()<from, Layout(bytes)>(), ...);
-    };
-    (movesFrom.template operator()<Layout(bytes)>(), ...);
+    ((k.fromSamples[all] = fromSamples<Layout(all)>), ...);
+    (addMovesFrom<Layout(bytes)>(k, Layouts<bytes...>()), ...);
     k.reorderPairs = reorderPairs;
     k.repack[0][0] = repack<3, 3>;
     k.repack[0][1] = repack<3, 4>;

@@ -46,7 +46,7 @@ struct NearestUp {
 
 // ---- Samples to pixels ----
 
-class ToPixelsMath {
+template <bool alphaFirst> class ToPixelsMath {
 public:
     ORVA_INLINE explicit ToPixelsMath(const picture::Constants& c)
         : evenLuma(wordPairs(c.toPixels.luma, 0)), oddLuma(wordPairs(0, c.toPixels.luma)),
@@ -56,19 +56,22 @@ public:
 
     ORVA_INLINE Pixels8<Wide> operator()(Wide luma, const SitedChroma& chroma) const {
         const Wide even = maddAdd(start, luma, evenLuma), odd = maddAdd(start, luma, oddLuma);
-        const Wide blueRed =
-            packBytes(channel(even, odd, chroma, blue), channel(even, odd, chroma, red));
-        const Wide greenAlpha = packBytes(channel(even, odd, chroma, green), alpha);
-        const Wide blueGreen = unpackLow8(blueRed, greenAlpha);
-        const Wide redAlpha = unpackHigh8(blueRed, greenAlpha);
-        const Wide first = unpackLow16(blueGreen, redAlpha);
-        const Wide second = unpackHigh16(blueGreen, redAlpha);
-        return {zipLanesLow(first, second), zipLanesHigh(first, second)};
+        const Wide b = channel(even, odd, chroma, blue), g = channel(even, odd, chroma, green),
+                   r = channel(even, odd, chroma, red);
+        return alphaFirst ? interleaved(alpha, b, g, r) : interleaved(b, g, r, alpha);
     }
 
 private:
     ORVA_INLINE static Wide channel(Wide even, Wide odd, const SitedChroma& chroma, Wide gain) {
         return mergeUpperHalves(maddAdd(even, chroma.even, gain), maddAdd(odd, chroma.odd, gain));
+    }
+
+    // The four bytes of pixels from words, bounded, in memory order.
+    ORVA_INLINE static Pixels8<Wide> interleaved(Wide b0, Wide b1, Wide b2, Wide b3) {
+        const Wide b02 = packBytes(b0, b2), b13 = packBytes(b1, b3);
+        const Wide b01 = unpackLow8(b02, b13), b23 = unpackHigh8(b02, b13);
+        const Wide first = unpackLow16(b01, b23), second = unpackHigh16(b01, b23);
+        return {zipLanesLow(first, second), zipLanesHigh(first, second)};
     }
 
     Wide evenLuma, oddLuma;
@@ -104,59 +107,63 @@ private:
 
 // ---- Pixels to samples ----
 
-// Four bytes per pixel as word pairs (first, third) and (second, alpha).
+// Vectors of pixels as word pairs of their bytes 0 and 2, and 1 and 3, doubled.
 struct Split {
     Wide outer, inner;
 
-    ORVA_INLINE explicit Split(Wide pixels)
-        : outer(pixels & Wide::all16(0xFF)), inner(shiftRight16<8>(pixels)) {}
     ORVA_INLINE Split(Wide outer, Wide inner) : outer(outer), inner(inner) {}
+    ORVA_INLINE explicit Split(Wide pixels) : Split(lowBytes<1>(pixels), highBytes<1>(pixels)) {}
 
     ORVA_INLINE Split operator+(const Split& other) const {
         return {add16(outer, other.outer), add16(inner, other.inner)};
     }
 };
 
-// Four times the colour at the even pixels of 8 * lanes. `first` that no pixel precedes them.
+// Twice the pixel that comes before a row's first even pixel, in the last place.
+ORVA_INLINE Split splitPixel(uint32_t pixel) { return Split(Wide::all32(pixel)); }
+
+// From doubled pixels, eight times the colour of each even pixel, by what surrounds it.
 struct CositedDown {
-    template <bool first> ORVA_INLINE static Split take(const uint8_t* pixels, Wide a, Wide b) {
-        const Wide beforeA = first ? previousDwords(a) : Wide::load(pixels - 4);
-        const Wide beforeB = Wide::load(pixels + Wide::bytes - 4);
-        const Split own(evenDwords(a, b));
-        return own + own + Split(oddDwords(a, b)) + Split(evenDwords(beforeA, beforeB));
+    // `before` holds the odd pixels before `odd`, and then those.
+    ORVA_INLINE static Split mean(const Split& even, const Split& odd, Split& before) {
+        const Split previous(previousDwords(before.outer, odd.outer),
+                             previousDwords(before.inner, odd.inner));
+        before = odd;
+        return even + even + odd + previous;
     }
 };
 struct NearestDown {
-    template <bool> ORVA_INLINE static Split take(const uint8_t*, Wide a, Wide b) {
-        const Split own(evenDwords(a, b));
-        return {shiftLeft16<2>(own.outer), shiftLeft16<2>(own.inner)};
+    ORVA_INLINE static Split mean(const Split& even, const Split&, Split&) {
+        return {shiftLeft16<2>(even.outer), shiftLeft16<2>(even.inner)};
     }
 };
 
-class FromPixelsMath {
+// depth: of the samples.
+template <int depth> class FromPixelsMath {
 public:
     ORVA_INLINE explicit FromPixelsMath(const picture::Constants& c)
         : luma(c.fromPixels.luma, c.fromPixels.lumaStart),
           cb(c.fromPixels.cb, c.fromPixels.chromaStart),
           cr(c.fromPixels.cr, c.fromPixels.chromaStart) {}
 
-    template <class Down, bool first> ORVA_INLINE Words<Wide> take(const uint8_t* pixels) const {
-        const Wide a = Wide::load(pixels), b = Wide::load(pixels + Wide::bytes);
-        const Split colour = Down::template take<first>(pixels, a, b);
-        // What came from a and then b, lane by lane, is brought into memory order.
-        return {groupHalves(packWords(shiftRightSigned32<13>(luma(Split(a))),
-                                      shiftRightSigned32<13>(luma(Split(b))))),
-                groupHalves(mergeUpperHalves(shiftLeft32<16 - 15>(cb(colour)),
-                                             shiftLeft32<16 - 15>(cr(colour))))};
+    // The samples of 8 * lanes pixels.
+    template <class Down>
+    ORVA_INLINE Words<Wide> operator()(const Pixels8<Wide>& pixels, Split& before) const {
+        const Split even(everyEvenDword(pixels.a, pixels.b)),
+            odd(everyOddDword(pixels.a, pixels.b));
+        const Split colour = Down::mean(even, odd, before);
+        constexpr int missing = depth == 8 ? 0 : 2;  // fraction bits of luma's 16
+        return {mergeUpperHalves(shiftLeft32<missing>(luma(even)), shiftLeft32<missing>(luma(odd))),
+                mergeUpperHalves(cb(colour), cr(colour))};
     }
 
 private:
     struct Sum {
         Wide start, outer, inner;
 
-        ORVA_INLINE Sum(const picture::RgbWeights& w, int32_t start)
-            : start(Wide::all32(uint32_t(start))), outer(wordPairs(w.blue, w.red)),
-              inner(wordPairs(w.green, 0)) {}
+        ORVA_INLINE Sum(const picture::PixelWeights& w, int32_t start)
+            : start(Wide::all32(uint32_t(start))), outer(wordPairs(w.byte[0], w.byte[2])),
+              inner(wordPairs(w.byte[1], w.byte[3])) {}
 
         ORVA_INLINE Wide operator()(const Split& pixels) const {
             return maddAdd(maddAdd(start, pixels.outer, outer), pixels.inner, inner);

@@ -1,18 +1,14 @@
 // What the engine is made of: passes over a piece of one row, and the tables that hold them, one
 // per instruction set.
 //
-// A pass reads the planes of one layout and writes those of another. Two layouts exist only between
-// passes, in strips of a few hundred pixels that stay in the first-level cache:
+// A pass reads the planes of one layout and writes those of another. One layout exists only between
+// passes, in strips of a few hundred pixels that stay in the first-level cache: samples are words,
+// a plane of luma and one of (Cb, Cr) pairs, of 10 bits where V210 was unpacked and of the
+// destination's depth, not yet bounded, behind the maths.
 //
-//     pixels    4 bytes per pixel, the alpha last, B and R in the order of whichever side is RGB
-//     samples   words: a plane of luma, and one of (Cb, Cr) pairs, 10-bit scale or the
-//     destination's
-//               depth, not yet bounded
-//
-// All passes convert whole blocks, so they round the number of pixels up to Kernels::block and may
-// read and write as much more; the unit of V210 is an exception, see below. The rows that a caller
-// gives are never touched beyond their end: what is left of a row behind its last whole block
-// passes through padded copies (rows.cpp).
+// All passes convert whole blocks: they round the number of pixels up to Kernels::block and may
+// read and write as much more. The rows that a caller gives are never touched beyond their end:
+// what is left of a row behind its last whole block passes through padded copies (rows.cpp).
 #pragma once
 
 #include "picture/constants.hpp"
@@ -36,6 +32,9 @@ enum Layout : uint8_t {
     layoutCount
 };
 
+// Pixels of RGB: alpha behind the colours, no alpha, or alpha before them.
+enum PixelKind : uint8_t { alphaLast, noAlpha, alphaFirst, pixelKinds };
+
 struct Source {
     const uint8_t* plane[3];
 };
@@ -43,10 +42,12 @@ struct Target {
     uint8_t* plane[3];
 };
 
+// Some pixels of some rows. A plane's next row begins a step behind the last one.
 struct Piece {
     Source from;
     Target to;
-    size_t pixels;
+    size_t pixels, rows;
+    ptrdiff_t fromStep[3], toStep[3];
     bool rowStart;  // no pixel before the first one
     bool rowEnd;    // no pixel behind the last one; else the next pair's chroma may be read
 };
@@ -56,14 +57,13 @@ using Pass = void (*)(const Piece&, const Constants&);
 struct Kernels {
     size_t block;  // pixels
 
-    // YCbCr to pixels, and to samples of another matrix, range or depth. Of V210, from samples.
-    // Indexed by Chroma. To 3 bytes per pixel without alpha as well.
-    Pass toPixels[layoutCount][2];
-    Pass toPixels24[layoutCount][2];
+    // YCbCr to pixels, and to samples of another matrix, range or depth; of V210, from samples.
+    // Indexed by Chroma.
+    Pass toPixels[layoutCount][2][pixelKinds];
     Pass toSamples[layoutCount][2];
-    // Pixels to samples. Indexed by Chroma. Cosited, a pixel before the first one is read unless it
-    // is the row's first.
-    Pass fromPixels[2];
+    // Pixels to samples of 8 and of 10 bits. Indexed by Chroma, by whether pixels have 4 bytes, and
+    // by whether there are 10 bits.
+    Pass fromPixels[2][2][2];
 
     // V210's units to samples of 10 bits; exactly the units that hold the pixels are read.
     Pass unpackV210;
@@ -78,8 +78,8 @@ struct Kernels {
     // bytes become pixels of 4. Indexed by whether they have 4, first of the source.
     Pass repack[2][2];
 
-    // Alpha bytes of exactly this many pixels from plane 0 into the pixels there, and out of them.
-    // Indexed by whether alpha is a pixel's first byte.
+    // Alpha bytes of exactly this many pixels into pixels of 4 bytes, and out of them. Indexed by
+    // whether alpha is a pixel's first byte.
     Pass mergeAlpha[2], extractAlpha[2];
 
     // Copies bytes, whole cache lines of the destination past the cache.

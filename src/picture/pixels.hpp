@@ -8,37 +8,39 @@
 
 namespace orva::ORVA_ISA {
 
-ORVA_INLINE Pixels16<Wide> takePixels32(const uint8_t* p) {
-    return {Wide::load(p), Wide::load(p + Wide::bytes), Wide::load(p + 2 * Wide::bytes),
-            Wide::load(p + 3 * Wide::bytes)};
+// From pixel x on; of 3 bytes, the fourth ones are unspecified.
+template <unsigned bytes> ORVA_INLINE Pixels16<Wide> takePixels(const uint8_t* row, size_t x) {
+    const uint8_t* const p = row + bytes * x;
+    constexpr size_t quarter = 4 * Wide::lanes * bytes;
+    if constexpr (bytes == 3)
+        return {loadFront24(p, Wide()), loadFront24(p + quarter, Wide()),
+                loadFront24(p + 2 * quarter, Wide()), loadBack24(p + 3 * quarter, Wide())};
+    else
+        return {Wide::load(p), Wide::load(p + quarter), Wide::load(p + 2 * quarter),
+                Wide::load(p + 3 * quarter)};
 }
 
-// The fourth bytes are unspecified.
-ORVA_INLINE Pixels16<Wide> takePixels24(const uint8_t* p) {
-    constexpr size_t quarter = 12 * Wide::lanes;
-    return {loadFront24(p, Wide()), loadFront24(p + quarter, Wide()),
-            loadFront24(p + 2 * quarter, Wide()), loadBack24(p + 3 * quarter, Wide())};
-}
-
-struct Pixels32 {
-    ORVA_INLINE static void put(const Pixels16<Wide>& pixels, const picture::Target& to, size_t x) {
-        uint8_t* const p = to.plane[0] + 4 * x;
+template <unsigned bytes>
+ORVA_INLINE void putPixels(const Pixels16<Wide>& pixels, uint8_t* row, size_t x) {
+    uint8_t* const p = row + bytes * x;
+    if constexpr (bytes == 3) {
+        const Twelves<Wide> packed = pack24(pixels.a, pixels.b, pixels.c, pixels.d);
+        packed.first.store(p);
+        packed.second.store(p + Wide::bytes);
+        packed.third.store(p + 2 * Wide::bytes);
+    } else {
         pixels.a.store(p);
         pixels.b.store(p + Wide::bytes);
         pixels.c.store(p + 2 * Wide::bytes);
         pixels.d.store(p + 3 * Wide::bytes);
     }
-};
+}
 
-struct Pixels24 {
-    ORVA_INLINE static void put(const Pixels16<Wide>& pixels, const picture::Target& to, size_t x) {
-        uint8_t* const p = to.plane[0] + 3 * x;
-        const Packed24<Wide> packed = pack24(pixels.a, pixels.b, pixels.c, pixels.d);
-        packed.first.store(p);
-        packed.second.store(p + Wide::bytes);
-        packed.third.store(p + 2 * Wide::bytes);
-    }
-};
+// A single pixel; of 3 bytes, the fourth one is 0.
+template <unsigned bytes> ORVA_INLINE uint32_t pixelAt(const uint8_t* p) {
+    return p[0] | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 |
+           (bytes == 4 ? uint32_t(p[bytes - 1]) << 24 : 0);
+}
 
 // ---- Alpha: a pixel's first or fourth byte ----
 

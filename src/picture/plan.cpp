@@ -29,8 +29,8 @@ Layout layoutOf(Format colour) {
     }
 }
 
-// The samples of a packed pair or of a pixel in memory order. Pixels of 3 bytes have their alpha,
-// if they get any, behind them.
+// The samples of a packed pair, second luma "w", or of a pixel in memory order. Pixels of 3 bytes
+// have their alpha, if they get any, behind them.
 std::string_view bytesOf(Format colour) {
     switch (colour) {
     case Format::UYVY16I:
@@ -80,9 +80,13 @@ struct Side {
     std::string_view bytes() const { return bytesOf(info.format); }
     bool isRgb() const { return info.model == Model::rgb; }
     bool hasPixels32() const { return isRgb() && info.planes[mainPlane].unitBytes == 4; }
-    bool alphaFirst() const { return bytes()[0] == 'a'; }
-    // Of the colours alone: what is left when alpha has gone to the end.
-    bool redFirst() const { return bytes()[alphaFirst()] == 'r'; }
+    PixelKind pixelKind() const {
+        return !hasPixels32() ? noAlpha : order().alpha == 0 ? alphaFirst : alphaLast;
+    }
+    PixelOrder order() const {
+        const auto at = [this](char name) { return static_cast<uint8_t>(bytes().find(name)); };
+        return {at('b'), at('g'), at('r'), at('a')};
+    }
 };
 
 class Planner {
@@ -111,31 +115,25 @@ public:
 
 private:
     void betweenRgb() {
+        orderBytes();
         if (source.info.format == destination.info.format)
             plan.copiesColour = true;
         else
-            plan.finish = repack(source.bytes(), destination.bytes(), destination.hasPixels32());
+            plan.finish = kernels.repack[source.hasPixels32()][destination.hasPixels32()];
     }
 
     void fromRgb() {
-        // To pixels with alpha behind the colours, whichever of them is first.
-        if (!source.hasPixels32() || source.alphaFirst())
-            plan.prepare = repack(source.bytes(), source.redFirst() ? "rgba" : "bgra", true);
-        plan.stripOfPixels = true;
-        plan.constants.fromPixels = fromPixels(destination.coding(), source.redFirst());
-        plan.compute = kernels.fromPixels[chroma];
+        plan.constants.fromPixels = fromPixels(source.order(), destination.coding());
+        plan.compute =
+            kernels.fromPixels[chroma][source.hasPixels32()][destination.info.bits == 10];
         plan.finish = kernels.fromSamples[destination.layout()];
         plan.readsNeighbours = cosited;
     }
 
     void toRgb() {
         unpackIfV210();
-        plan.constants.toPixels = toPixels(source.coding(), destination.redFirst());
-        plan.compute = (destination.hasPixels32() ? kernels.toPixels
-                                                  : kernels.toPixels24)[source.layout()][chroma];
-        if (destination.alphaFirst())
-            plan.finish =
-                repack(destination.redFirst() ? "rgba" : "bgra", destination.bytes(), true);
+        plan.constants.toPixels = toPixels(source.coding(), destination.order());
+        plan.compute = kernels.toPixels[source.layout()][chroma][destination.pixelKind()];
         plan.readsNeighbours = cosited;
     }
 
@@ -150,7 +148,7 @@ private:
             betweenYcbcr();
         } else if (isPacked(from) && isPacked(to)) {
             plan.finish = kernels.reorderPairs;
-            orderFrom(source.bytes(), destination.bytes());
+            orderBytes();
         } else {
             plan.finish = kernels.move[from][to];
         }
@@ -169,14 +167,10 @@ private:
             plan.prepare = kernels.unpackV210;
     }
 
-    Pass repack(std::string_view from, std::string_view to, bool toPixels32) {
-        orderFrom(from, to);
-        return kernels.repack[source.isRgb() ? source.hasPixels32() : true][toPixels32];
-    }
-
-    void orderFrom(std::string_view from, std::string_view to) {
+    void orderBytes() {
         for (size_t i = 0; i < 4; ++i)
-            plan.constants.order[i] = static_cast<uint8_t>(from.find(to[i]));
+            plan.constants.order[i] =
+                static_cast<uint8_t>(source.bytes().find(destination.bytes()[i]));
     }
 
     const Side& source;
@@ -188,12 +182,13 @@ private:
 };
 
 AlphaStep alphaStep(const FormatInfo& source, const FormatInfo& destination) {
-    const bool fromPlane = source.format == Format::A8P || source.planes[alphaPlane].unitBytes > 0;
-    const bool toPlane =
-        destination.format == Format::A8P || destination.planes[alphaPlane].unitBytes > 0;
-    if (toPlane)
-        return fromPlane ? AlphaStep::copy : source.hasAlpha ? AlphaStep::extract : AlphaStep::fill;
-    return fromPlane && destination.hasAlpha ? AlphaStep::merge : AlphaStep::none;
+    const auto hasPlane = [](const FormatInfo& info) {
+        return info.format == Format::A8P || info.planes[alphaPlane].unitBytes > 0;
+    };
+    const bool inPixels = source.model == Model::rgb && source.hasAlpha && !hasPlane(source);
+    if (hasPlane(destination))
+        return hasPlane(source) ? AlphaStep::copy : inPixels ? AlphaStep::extract : AlphaStep::fill;
+    return hasPlane(source) && destination.hasAlpha ? AlphaStep::merge : AlphaStep::none;
 }
 
 }  // namespace
@@ -218,7 +213,7 @@ Plan makePlan(Format from, Format to, const Options& options, const Kernels& ker
     plan.constants.alpha = static_cast<uint8_t>(options.alpha);
     plan.alpha = alpha;
     const Side& pixels = alpha == AlphaStep::merge ? destination : source;
-    plan.alphaFirst = pixels.hasPixels32() && pixels.alphaFirst();
+    plan.alphaFirst = pixels.pixelKind() == alphaFirst;
     return plan;
 }
 

@@ -6,6 +6,8 @@
 // bytes that belong to the row are copied out. So no pass knows of an odd width or of a row's last
 // bytes. Destinations that are written past the cache are copied out from there as well, piece by
 // piece.
+//
+// A piece is some pixels of one row, or as many whole rows as fit.
 #include "picture/rows.hpp"
 
 #include <algorithm>
@@ -18,50 +20,63 @@ namespace {
 // hold all that a piece touches.
 constexpr size_t stripPixels = 768;
 
-// Beyond a piece's last pixel: a block that it may be short of, and a vector behind that.
-constexpr size_t margin = 4 * 64;  // bytes
+// Whole units before a row's pixel x. Divisions by constants: a piece takes a dozen of them.
+size_t unitsBefore(PlaneInfo plane, size_t x) {
+    return plane.unitPixels == 1 ? x : plane.unitPixels == 2 ? x / 2 : x / 6;
+}
 
-// A piece of every plane of a layout, with room before it for the pixel that precedes it. What lies
-// behind the piece is computed with, but never gets out, so it may be anything.
+size_t offsetOf(PlaneInfo plane, size_t x) { return unitsBefore(plane, x) * plane.unitBytes; }
+
+// Of the units that hold so many pixels; 0 for a plane that there is not.
+size_t bytesOf(PlaneInfo plane, size_t pixels) {
+    return unitsBefore(plane, pixels + plane.unitPixels - 1) * plane.unitBytes;
+}
+
+// A piece of every plane of a layout, with room before it for the pixel that precedes it and behind
+// it for the rest of a block. What lies there is computed with, but never gets out, so it may be
+// anything.
 class Strip {
 public:
-    Target target() { return {{bytes[0] + before, bytes[1] + before, bytes[2] + before}}; }
-    Source source() const { return {{bytes[0] + before, bytes[1] + before, bytes[2] + before}}; }
+    // Half a page away from `other`, as the processor compares addresses: by their last 12 bits. It
+    // holds up a load that seems to follow a store to the same place, and a pass that goes through
+    // two places so close would run at a third of its speed.
+    void placeAwayFrom(const uint8_t* other) {
+        const auto low = [](const uint8_t* p) { return reinterpret_cast<uintptr_t>(p) % page; };
+        shift = (low(other) + page / 2 - low(bytes[0])) % page / 64 * 64;
+    }
+
+    Target target() { return {{plane(0), plane(1), plane(2)}}; }
+    Source source() { return {{plane(0), plane(1), plane(2)}}; }
 
 private:
-    static constexpr size_t before = 64;
+    static constexpr size_t page = 4096, before = 64;
+    static constexpr size_t behind = 256;
+    // A pixel takes at most 4 bytes of a plane.
+    static constexpr size_t planeBytes = before + 4 * stripPixels + behind;
 
-    // A plane takes at most 4 bytes per pixel.
-    alignas(64) uint8_t bytes[3][before + 4 * stripPixels + margin];
+    uint8_t* plane(size_t i) { return bytes[0] + shift + before + i * planeBytes; }
+
+    size_t shift = 0;
+    alignas(64) uint8_t bytes[3][planeBytes];
+    uint8_t roomToShift[page];
 };
 
-size_t bytesOf(PlaneInfo plane, size_t pixels) {
-    return plane.unitBytes == 0
-               ? 0
-               : (pixels + plane.unitPixels - 1) / plane.unitPixels * plane.unitBytes;
-}
-
-// Of a row's pixel x, the first of a unit.
-size_t offsetOf(PlaneInfo plane, size_t x) {
-    return plane.unitBytes == 0 ? 0 : x / plane.unitPixels * plane.unitBytes;
-}
+// ---- Ends of rows ----
 
 void repeatLastUnit(uint8_t* plane, size_t bytes, size_t unitBytes) {
     std::memcpy(plane + bytes, plane + bytes - unitBytes, unitBytes);
 }
 
-// Behind the last of a row's pixels in a strip: the pixel, or the luma of an odd row and the pair's
-// chroma, once more.
-void extendPixels(const Target& strip, size_t pixels) {
-    repeatLastUnit(strip.plane[0], 4 * pixels, 4);
-}
+// Behind the last pixel of a row in a strip of samples: an odd row's luma and the last pair's
+// chroma once more.
 void extendSamples(const Target& strip, size_t pixels) {
     if (pixels % 2 != 0)
         repeatLastUnit(strip.plane[0], 2 * pixels, 2);
     repeatLastUnit(strip.plane[1], 4 * ((pixels + 1) / 2), 4);
 }
 
-// Copies a row's end to where it can be read as whole blocks.
+// Copies a row's end to where it can be read as whole blocks, with the pixel or pair that precedes
+// it.
 void copyEnd(const Shape& shape, const Source& from, const Target& to, size_t pixels,
              bool withPrevious) {
     for (size_t i = 0; i < 3; ++i) {
@@ -69,8 +84,8 @@ void copyEnd(const Shape& shape, const Source& from, const Target& to, size_t pi
         const size_t bytes = bytesOf(plane, pixels);
         if (bytes == 0)
             continue;
-        const size_t before = withPrevious ? plane.unitBytes : 0;
-        std::memcpy(to.plane[i] - before, from.plane[i] - before, before + bytes);
+        const size_t previous = withPrevious ? plane.unitBytes : 0;
+        std::memcpy(to.plane[i] - previous, from.plane[i] - previous, previous + bytes);
         repeatLastUnit(to.plane[i], bytes, plane.unitBytes);
     }
     if (pixels % 2 != 0 && shape.lumaBytes > 0) {
@@ -80,35 +95,52 @@ void copyEnd(const Shape& shape, const Source& from, const Target& to, size_t pi
     }
 }
 
-// V210's unit has zeros in place of the pairs that a row does not have. One pair ends with the first
-// sample of its second word, two end with the second sample of the third.
+// V210's unit has zeros in place of the pairs that a row does not have. One pair ends with the
+// first sample of its second word, two end with the second sample of the third.
 void clearUnusedPairs(uint8_t* unit, size_t pixels) {
     const size_t pairs = (pixels + 1) / 2;
-    std::memset(unit + 4 * pairs + 4, 0, 12 - 4 * pairs);
     uint8_t* const word = unit + 4 * pairs;
     const uint32_t used = pairs == 1 ? 0x3FF : 0xFFFFF;
     for (size_t i = 0; i < 4; ++i)
         word[i] &= uint8_t(used >> (8 * i));
+    std::memset(word + 4, 0, 12 - 4 * pairs);
 }
+
+// ---- Rows ----
 
 class Rows {
 public:
     Rows(const Plan& plan, const Kernels& kernels, const Area& area, bool streaming)
-        : plan(plan), kernels(kernels), area(area), streaming(streaming) {}
+        : plan(plan), kernels(kernels), area(area), streaming(streaming) {
+        // Pieces begin where units and blocks do; the last one may end where only a block does.
+        const size_t rest = area.width % plan.granularity;
+        wholePixels = rest % kernels.block == 0 ? area.width : area.width - rest;
+    }
 
     void convert() {
-        for (size_t y = 0; y < area.height; ++y) {
+        const size_t most = rowsAtOnce();
+        for (size_t y = 0; y < area.height; y += most) {
+            const size_t rows = std::min(most, area.height - y);
             if (plan.copiesColour)
-                copyColour(y);
+                copyColour(y, rows);
             else if (plan.finish || plan.compute)
-                convertColour(y);
-            convertAlpha(y);
+                convertColour(y, rows);
+            convertAlpha(y, rows);
         }
     }
 
 private:
     template <class Byte> static Byte* rowOf(const PlaneRows<Byte>& plane, size_t y) {
         return plane.first + static_cast<std::ptrdiff_t>(y) * plane.pitch;
+    }
+
+    bool throughStrips() const { return plan.compute && plan.finish; }
+
+    // Enough to keep the calls' own time small, and few enough for alpha to find its rows in the
+    // first-level cache.
+    size_t rowsAtOnce() const {
+        const bool alike = wholePixels == area.width && !(plan.toV210 && area.width % 6 != 0);
+        return alike || plan.copiesColour ? std::max<size_t>(1, stripPixels / area.width) : 1;
     }
 
     // ---- Bytes ----
@@ -120,122 +152,162 @@ private:
             std::memcpy(to, from, bytes);
     }
 
-    void copyColour(size_t y) {
+    void copyColour(size_t y, size_t rows) {
         for (size_t i = 0; i < 3; ++i)
             if (const size_t bytes = bytesOf(plan.source.planes[i], area.width))
-                copy(rowOf(area.destination.colour[i], y), rowOf(area.source.colour[i], y), bytes);
+                for (size_t row = y; row < y + rows; ++row)
+                    copy(rowOf(area.destination.colour[i], row), rowOf(area.source.colour[i], row),
+                         bytes);
     }
 
     // ---- Colour ----
 
-    void convertColour(size_t y) {
+    void convertColour(size_t y, size_t rows) {
         for (size_t x = 0; x < area.width;) {
             const size_t pixels = pieceAt(x);
-            convertPiece(x, y, pixels);
+            convertPiece(x, y, pixels, rows);
             x += pixels;
         }
     }
 
-    // Pieces are whole blocks, but for a row's last one.
+    // Pieces are whole blocks, but for what is left of a row.
     size_t pieceAt(size_t x) const {
-        const bool strips =
-            (plan.prepare != nullptr) + (plan.compute != nullptr) + (plan.finish != nullptr) > 1;
-        const size_t rest = area.width - x;
-        const size_t most = strips || streaming ? std::min(rest, stripPixels) : rest;
-        return most < plan.granularity ? most : most - most % plan.granularity;
+        if (x >= wholePixels)
+            return area.width - x;
+        const size_t rest = wholePixels - x;
+        return throughStrips() || plan.prepare || streaming ? std::min(rest, stripPixels) : rest;
     }
 
-    void convertPiece(size_t x, size_t y, size_t pixels) {
-        Piece piece{{}, {}, pixels, x == 0, x + pixels == area.width};
-        Target destination;
+    // Where the rows of a piece lie.
+    struct Places {
+        Target target;
+        std::ptrdiff_t step[3];
+    };
+
+    void convertPiece(size_t x, size_t y, size_t pixels, size_t rows) {
+        Piece piece = {};
+        piece.pixels = pixels;
+        piece.rows = rows;
+        piece.rowStart = x == 0;
+        piece.rowEnd = x + pixels == area.width;
+        Places destination = {}, buffer = {out.target(), {}};
         for (size_t i = 0; i < 3; ++i) {
             const PlaneInfo &from = plan.source.planes[i], &to = plan.destination.planes[i];
-            piece.from.plane[i] =
-                from.unitBytes ? rowOf(area.source.colour[i], y) + offsetOf(from, x) : nullptr;
-            destination.plane[i] =
-                to.unitBytes ? rowOf(area.destination.colour[i], y) + offsetOf(to, x) : nullptr;
+            if (from.unitBytes > 0) {
+                piece.from.plane[i] = rowOf(area.source.colour[i], y) + offsetOf(from, x);
+                piece.fromStep[i] = area.source.colour[i].pitch;
+            }
+            if (to.unitBytes > 0) {
+                destination.target.plane[i] =
+                    rowOf(area.destination.colour[i], y) + offsetOf(to, x);
+                destination.step[i] = area.destination.colour[i].pitch;
+                buffer.step[i] = static_cast<std::ptrdiff_t>(bytesOf(to, pixels));
+            }
         }
-        const bool whole = pixels % plan.granularity == 0;
+        const bool whole = x < wholePixels;
         if (!whole) {
-            const bool withPrevious = x > 0 && !plan.prepare && plan.stripOfPixels;
-            copyEnd(plan.source, piece.from, end.target(), pixels, withPrevious);
+            copyEnd(plan.source, piece.from, end.target(), pixels, x > 0);
             piece.from = end.source();
         }
-        const bool direct = whole && !streaming;
-        const Target result = direct ? destination : out.target();
-        runPasses(piece, result);
-        if (plan.toV210 && pixels % 6 != 0)
-            clearUnusedPairs(result.plane[0] + pixels / 6 * 16, pixels % 6);
-        if (plan.alpha == AlphaStep::merge) {
-            const Source alpha{{rowOf(area.source.alpha, y) + x, nullptr, nullptr}};
-            kernels.mergeAlpha[plan.alphaFirst]({alpha, result, pixels, false, false},
-                                                plan.constants);
+        if (whole && !streaming) {
+            makePiece(piece, destination, x, y);
+            return;
         }
-        for (size_t i = 0; !direct && i < 3; ++i)
-            if (const size_t bytes = bytesOf(plan.destination.planes[i], pixels))
-                copy(destination.plane[i], result.plane[i], bytes);
+        out.placeAwayFrom(destination.target.plane[0]);
+        buffer.target = out.target();
+        makePiece(piece, buffer, x, y);
+        for (size_t i = 0; i < 3; ++i)
+            for (size_t row = 0; buffer.step[i] > 0 && row < rows; ++row)
+                copy(destination.target.plane[i] + std::ptrdiff_t(row) * destination.step[i],
+                     buffer.target.plane[i] + std::ptrdiff_t(row) * buffer.step[i],
+                     static_cast<size_t>(buffer.step[i]));
     }
 
-    void runPasses(Piece piece, const Target& result) {
-        const auto run = [&](Pass pass, const Target& to) {
-            piece.to = to;
-            pass(piece, plan.constants);
-            piece.from = {{to.plane[0], to.plane[1], to.plane[2]}};
-        };
-        if (plan.prepare)
-            prepare(piece);
+    void makePiece(const Piece& piece, const Places& result, size_t x, size_t y) {
+        runPasses(piece, result);
+        if (plan.toV210 && piece.pixels % 6 != 0)
+            clearUnusedPairs(result.target.plane[0] + piece.pixels / 6 * 16, piece.pixels % 6);
+        if (plan.alpha == AlphaStep::merge) {
+            Piece alpha = {};
+            alpha.from.plane[0] = rowOf(area.source.alpha, y) + x;
+            alpha.fromStep[0] = area.source.alpha.pitch;
+            alpha.pixels = piece.pixels;
+            alpha.rows = piece.rows;
+            run(kernels.mergeAlpha[plan.alphaFirst], alpha, result);
+        }
+    }
+
+    // What a pass made is the next one's source.
+    void run(Pass pass, Piece& piece, const Places& to) const {
+        piece.to = to.target;
+        std::copy_n(to.step, 3, piece.toStep);
+        pass(piece, plan.constants);
+        for (size_t i = 0; i < 3; ++i)
+            piece.from.plane[i] = to.target.plane[i];
+        std::copy_n(to.step, 3, piece.fromStep);
+    }
+
+    void runPasses(Piece piece, const Places& result) {
+        const auto wordBytes = static_cast<std::ptrdiff_t>(2 * piece.pixels);
+        const uint8_t* beside = result.target.plane[0];
+        Places samples = {{}, {wordBytes, wordBytes, 0}};
+        if (throughStrips()) {
+            computed.placeAwayFrom(beside);
+            samples.target = computed.target();
+            beside = samples.target.plane[0];
+        }
+        if (plan.prepare) {
+            prepared.placeAwayFrom(beside);
+            prepare(piece, {prepared.target(), {wordBytes, wordBytes, 0}});
+        }
         if (plan.compute)
-            run(plan.compute, plan.finish ? computed.target() : result);
+            run(plan.compute, piece, plan.finish ? samples : result);
         if (plan.finish)
-            run(plan.finish, result);
+            run(plan.finish, piece, result);
     }
 
-    // Fills the first strip, with what its pixels' neighbours need on either side.
-    void prepare(Piece& piece) {
-        const Target strip = prepared.target();
+    // With the chroma of the pair behind the piece.
+    void prepare(Piece& piece, const Places& strip) const {
         const size_t pixels = piece.pixels;
-        if (plan.stripOfPixels && !piece.rowStart)
-            std::memcpy(strip.plane[0] - 4, strip.plane[0] + 4 * (lastPrepared - 1), 4);
-        lastPrepared = pixels;
-        // Chroma of the pair behind the piece.
-        if (!plan.stripOfPixels && !piece.rowEnd)
+        if (!piece.rowEnd)
             piece.pixels += 2;
-        piece.to = strip;
-        plan.prepare(piece, plan.constants);
+        run(plan.prepare, piece, strip);
         piece.pixels = pixels;
-        if (piece.rowEnd)
-            plan.stripOfPixels ? extendPixels(strip, pixels) : extendSamples(strip, pixels);
-        piece.from = prepared.source();
+        if (piece.rowEnd && wholePixels < area.width)
+            extendSamples(strip.target, pixels);
     }
 
     // ---- Alpha beside the colours ----
 
-    void convertAlpha(size_t y) {
+    void convertAlpha(size_t y, size_t rows) {
         if (plan.alpha == AlphaStep::none || plan.alpha == AlphaStep::merge)
             return;
-        uint8_t* const to = rowOf(area.destination.alpha, y);
-        if (plan.alpha == AlphaStep::copy)
-            copy(to, rowOf(area.source.alpha, y), area.width);
-        else if (plan.alpha == AlphaStep::fill && !streaming)
-            std::memset(to, plan.constants.alpha, area.width);
-        else
-            makeAlpha(to, y);
+        for (size_t row = y; row < y + rows; ++row) {
+            uint8_t* const to = rowOf(area.destination.alpha, row);
+            if (plan.alpha == AlphaStep::copy)
+                copy(to, rowOf(area.source.alpha, row), area.width);
+            else
+                makeAlpha(to, row);
+        }
     }
 
     void makeAlpha(uint8_t* to, size_t y) {
         const size_t most = streaming ? stripPixels : area.width;
         for (size_t x = 0; x < area.width; x += most) {
             const size_t pixels = std::min(most, area.width - x);
-            const Target result = streaming ? out.target() : Target{{to + x, nullptr, nullptr}};
+            uint8_t* const bytes = streaming ? out.target().plane[0] : to + x;
             if (plan.alpha == AlphaStep::fill) {
-                std::memset(result.plane[0], plan.constants.alpha, pixels);
+                std::memset(bytes, plan.constants.alpha, pixels);
             } else {
-                const Source from{{rowOf(area.source.colour[0], y) + 4 * x, nullptr, nullptr}};
-                kernels.extractAlpha[plan.alphaFirst]({from, result, pixels, false, false},
-                                                      plan.constants);
+                Piece piece = {};
+                piece.from.plane[0] = rowOf(area.source.colour[0], y) + 4 * x;
+                piece.pixels = pixels;
+                piece.rows = 1;
+                run(kernels.extractAlpha[plan.alphaFirst], piece,
+                    {{{bytes, nullptr, nullptr}}, {}});
             }
             if (streaming)
-                copy(to + x, result.plane[0], pixels);
+                copy(to + x, bytes, pixels);
         }
     }
 
@@ -243,29 +315,30 @@ private:
     const Kernels& kernels;
     const Area& area;
     const bool streaming;
+    size_t wholePixels;  // of a row, that need no copies
 
     Strip end, prepared, computed, out;
-    size_t lastPrepared = 0;
 };
 
 // Whether rows follow one another without gaps, so that they are one long row to passes that see
 // each unit alone.
 bool isOneRow(const Plan& plan, const Area& area) {
+    if (plan.readsNeighbours)
+        return false;
     const auto gapless = [&](const auto& rows, const PlaneInfo& plane) {
         return plane.unitBytes == 0 ||
                (area.width % plane.unitPixels == 0 &&
                 rows.pitch == static_cast<std::ptrdiff_t>(bytesOf(plane, area.width)));
     };
-    bool all = !plan.readsNeighbours;
     for (size_t i = 0; i < 3; ++i)
-        all = all && gapless(area.source.colour[i], plan.source.planes[i]) &&
-              gapless(area.destination.colour[i], plan.destination.planes[i]);
+        if (!gapless(area.source.colour[i], plan.source.planes[i]) ||
+            !gapless(area.destination.colour[i], plan.destination.planes[i]))
+            return false;
     const PlaneInfo alpha{1, 1};
-    const bool toPlane = plan.alpha == AlphaStep::copy || plan.alpha == AlphaStep::fill ||
-                         plan.alpha == AlphaStep::extract;
     const bool fromPlane = plan.alpha == AlphaStep::copy || plan.alpha == AlphaStep::merge;
-    return all && (!toPlane || gapless(area.destination.alpha, alpha)) &&
-           (!fromPlane || gapless(area.source.alpha, alpha));
+    const bool toPlane = plan.alpha != AlphaStep::none && plan.alpha != AlphaStep::merge;
+    return (!fromPlane || gapless(area.source.alpha, alpha)) &&
+           (!toPlane || gapless(area.destination.alpha, alpha));
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ public:
 
     template <class Stores, class V>
     ORVA_INLINE void put(Stores stores, const Pixels16<V>& pixels) {
-        const Packed24<V> packed = pack24(pixels.a, pixels.b, pixels.c, pixels.d);
+        const Twelves<V> packed = pack24(pixels.a, pixels.b, pixels.c, pixels.d);
         stores.put(packed.first, dst);
         stores.put(packed.second, dst + V::bytes);
         stores.put(packed.third, dst + 2 * V::bytes);
@@ -77,7 +77,7 @@ public:
     }
 
     template <uint32_t count> ORVA_INLINE void putPairs(const Pixels8<Vec128>& pixels) {
-        const Packed24<Vec128> packed = pack24(pixels.a, pixels.b, pixels.b, pixels.b);
+        const Twelves<Vec128> packed = pack24(pixels.a, pixels.b, pixels.b, pixels.b);
         packed.first.storeFirst<count == 4 ? 16 : 6 * count>(dst);
         if constexpr (count == 4)
             packed.second.storeFirst<8>(dst + 16);

@@ -6,12 +6,9 @@
 // fourth bytes of loaded pixels are unspecified, those of packed pixels are dropped.
 #pragma once
 
-#include "simd/vector.hpp"
+#include "simd/twelves.hpp"
 
 namespace orva::ORVA_ISA {
-
-// 16 * lanes pixels of 3 bytes, in memory order.
-template <class V> struct Packed24 { V first, second, third; };
 
 #if defined(__SSSE3__)
 
@@ -41,28 +38,24 @@ ORVA_INLINE Vec128 loadBack24(const uint8_t* p, Vec128) {
     return widen24(Vec128{_mm_srli_si128(Vec128::load(p - 4).v, 4)});
 }
 
-ORVA_INLINE Packed24<Vec128> pack24(Vec128 a, Vec128 b, Vec128 c, Vec128 d) {
+// 16 * lanes pixels.
 #if defined(__SSSE3__)
-    constexpr int before = 0;
-    const auto narrow = [](Vec128 pixels) { return narrow24(pixels).v; };
+template <class V> ORVA_INLINE Twelves<V> pack24(V a, V b, V c, V d) {
+    return joinTwelves(narrow24(a), narrow24(b), narrow24(c), narrow24(d));
+}
 #else
+ORVA_INLINE Twelves<Vec128> pack24(Vec128 a, Vec128 b, Vec128 c, Vec128 d) {
     // Two pixels shrink to the low 6 bytes of each half; moving those of the low half up by a word
     // makes 12 bytes in a row, 2 bytes into the vector.
-    constexpr int before = 2;
     const auto narrow = [](Vec128 pixels) {
         const __m128i even = _mm_and_si128(pixels.v, _mm_set1_epi64x(0xFFFFFF));
         const __m128i odd =
             _mm_and_si128(_mm_srli_epi64(pixels.v, 8), _mm_set1_epi64x(0xFFFFFF000000));
-        return _mm_shufflelo_epi16(_mm_or_si128(even, odd), _MM_SHUFFLE(2, 1, 0, 3));
+        return Vec128{_mm_shufflelo_epi16(_mm_or_si128(even, odd), _MM_SHUFFLE(2, 1, 0, 3))};
     };
-#endif
-    const __m128i na = narrow(a), nb = narrow(b), nc = narrow(c), nd = narrow(d);
-    return {
-        {_mm_or_si128(_mm_srli_si128(na, before), _mm_slli_si128(nb, 12 - before))},
-        {_mm_or_si128(_mm_srli_si128(nb, 4 + before), _mm_slli_si128(nc, 8 - before))},
-        {_mm_or_si128(_mm_srli_si128(nc, 8 + before), _mm_slli_si128(nd, 4 - before))},
-    };
+    return joinTwelves<2>(narrow(a), narrow(b), narrow(c), narrow(d));
 }
+#endif
 
 #if defined(__AVX512BW__)
 
@@ -76,19 +69,6 @@ ORVA_INLINE Vec512 loadBack24(const uint8_t* p, Vec512) {
     return widen24(Vec512{_mm512_permutexvar_epi32(toLanes, Vec512::load(p - 16).v)});
 }
 
-ORVA_INLINE Packed24<Vec512> pack24(Vec512 a, Vec512 b, Vec512 c, Vec512 d) {
-    // 12 of the 16 dwords of each vector are used: 0 1 2, 4 5 6, 8 9 10, 12 13 14.
-    const __m512i ab = _mm512_setr_epi32(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 16, 17, 18, 20);
-    const __m512i bc =
-        _mm512_setr_epi32(5, 6, 8, 9, 10, 12, 13, 14, 16, 17, 18, 20, 21, 22, 24, 25);
-    const __m512i cd =
-        _mm512_setr_epi32(10, 12, 13, 14, 16, 17, 18, 20, 21, 22, 24, 25, 26, 28, 29, 30);
-    const __m512i na = narrow24(a).v, nb = narrow24(b).v, nc = narrow24(c).v, nd = narrow24(d).v;
-    return {{_mm512_permutex2var_epi32(na, ab, nb)},
-            {_mm512_permutex2var_epi32(nb, bc, nc)},
-            {_mm512_permutex2var_epi32(nc, cd, nd)}};
-}
-
 #elif defined(__AVX2__)
 
 ORVA_INLINE Vec256 loadFront24(const uint8_t* p, Vec256) {
@@ -98,21 +78,6 @@ ORVA_INLINE Vec256 loadFront24(const uint8_t* p, Vec256) {
 ORVA_INLINE Vec256 loadBack24(const uint8_t* p, Vec256) {
     const __m256i toLanes = _mm256_setr_epi32(2, 3, 4, 5, 5, 6, 7, 7);
     return widen24(Vec256{_mm256_permutevar8x32_epi32(Vec256::load(p - 8).v, toLanes)});
-}
-
-ORVA_INLINE Packed24<Vec256> pack24(Vec256 a, Vec256 b, Vec256 c, Vec256 d) {
-    // 6 of the 8 dwords of each vector are used, 0 1 2 and 4 5 6. Each vector's six are rotated to
-    // where they go, then neighbours are blended.
-    const auto rotated = [](Vec256 pixels, __m256i order) {
-        return _mm256_permutevar8x32_epi32(narrow24(pixels).v, order);
-    };
-    const __m256i ra = rotated(a, _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 7, 7));
-    const __m256i rb = rotated(b, _mm256_setr_epi32(2, 4, 5, 6, 7, 7, 0, 1));
-    const __m256i rc = rotated(c, _mm256_setr_epi32(5, 6, 7, 7, 0, 1, 2, 4));
-    const __m256i rd = rotated(d, _mm256_setr_epi32(7, 7, 0, 1, 2, 4, 5, 6));
-    return {{_mm256_blend_epi32(ra, rb, 0xC0)},
-            {_mm256_blend_epi32(rb, rc, 0xF0)},
-            {_mm256_blend_epi32(rc, rd, 0xFC)}};
 }
 
 #endif

@@ -51,32 +51,4 @@ template <class V> ORVA_INLINE V packTenBits(const TenBitLanes<V>& samples) {
            shiftLeft32<10>(middle);
 }
 
-// Between 12 bytes of each lane and 12 * lanes bytes in a run. Both touch a whole vector of memory.
-ORVA_INLINE void storeTwelves(Vec128 lanes, uint8_t* p) { lanes.store(p); }
-ORVA_INLINE Vec128 loadTwelves(const uint8_t* p, Vec128) { return Vec128::load(p); }
-
-#if defined(__AVX512BW__)
-
-ORVA_INLINE void storeTwelves(Vec512 lanes, uint8_t* p) {
-    const __m512i used = _mm512_setr_epi32(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 15, 15, 15, 15);
-    Vec512{_mm512_permutexvar_epi32(used, lanes.v)}.store(p);
-}
-ORVA_INLINE Vec512 loadTwelves(const uint8_t* p, Vec512) {
-    const __m512i toLanes = _mm512_setr_epi32(0, 1, 2, 3, 3, 4, 5, 6, 6, 7, 8, 9, 9, 10, 11, 12);
-    return {_mm512_permutexvar_epi32(toLanes, Vec512::load(p).v)};
-}
-
-#elif defined(__AVX2__)
-
-ORVA_INLINE void storeTwelves(Vec256 lanes, uint8_t* p) {
-    const __m256i used = _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 7, 7);
-    Vec256{_mm256_permutevar8x32_epi32(lanes.v, used)}.store(p);
-}
-ORVA_INLINE Vec256 loadTwelves(const uint8_t* p, Vec256) {
-    const __m256i toLanes = _mm256_setr_epi32(0, 1, 2, 3, 3, 4, 5, 6);
-    return {_mm256_permutevar8x32_epi32(Vec256::load(p).v, toLanes)};
-}
-
-#endif
-
 }  // namespace orva::ORVA_ISA

@@ -118,15 +118,18 @@ ORVA_INLINE Vec128 evenDwords(Vec128 a, Vec128 b) {
     return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0x88))};
 }
 
-// Dwords 1 and 3 likewise.
-ORVA_INLINE Vec128 oddDwords(Vec128 a, Vec128 b) {
+// In memory order, the dwords with even or odd numbers of a and then b.
+ORVA_INLINE Vec128 everyEvenDword(Vec128 a, Vec128 b) { return evenDwords(a, b); }
+ORVA_INLINE Vec128 everyOddDword(Vec128 a, Vec128 b) {
     return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0xDD))};
 }
 
-// Every dword's neighbour in memory order: the next one, with the last repeated, and the one before,
-// with the first repeated.
+// In memory order, the dword behind each of a's, with the last repeated; and the one before each,
+// with the last of `earlier` first.
 ORVA_INLINE Vec128 nextDwords(Vec128 a) { return {_mm_shuffle_epi32(a.v, 0xF9)}; }
-ORVA_INLINE Vec128 previousDwords(Vec128 a) { return {_mm_shuffle_epi32(a.v, 0x90)}; }
+ORVA_INLINE Vec128 previousDwords(Vec128 earlier, Vec128 a) {
+    return {_mm_or_si128(_mm_slli_si128(a.v, 4), _mm_srli_si128(earlier.v, 12))};
+}
 
 // The 16-bit upper halves of the dwords of even and odd, interleaved.
 ORVA_INLINE Vec128 mergeUpperHalves(Vec128 even, Vec128 odd) {

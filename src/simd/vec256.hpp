@@ -68,16 +68,12 @@ ORVA_INLINE Vec256 evenDwords(Vec256 a, Vec256 b) {
         _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88))};
 }
 
-ORVA_INLINE Vec256 oddDwords(Vec256 a, Vec256 b) {
-    return {_mm256_castps_si256(
-        _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD))};
-}
-
 ORVA_INLINE Vec256 nextDwords(Vec256 a) {
     return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 7))};
 }
-ORVA_INLINE Vec256 previousDwords(Vec256 a) {
-    return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(0, 0, 1, 2, 3, 4, 5, 6))};
+ORVA_INLINE Vec256 previousDwords(Vec256 earlier, Vec256 a) {
+    const __m256i across = _mm256_permute2x128_si256(earlier.v, a.v, 0x21);
+    return {_mm256_alignr_epi8(a.v, across, 12)};
 }
 
 ORVA_INLINE Vec256 mergeUpperHalves(Vec256 even, Vec256 odd) {
@@ -94,6 +90,12 @@ ORVA_INLINE Vec256 spreadQuarters(Vec256 a) {
 }
 ORVA_INLINE Vec256 groupQuarters(Vec256 a) {
     return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7))};
+}
+
+ORVA_INLINE Vec256 everyEvenDword(Vec256 a, Vec256 b) { return groupHalves(evenDwords(a, b)); }
+ORVA_INLINE Vec256 everyOddDword(Vec256 a, Vec256 b) {
+    return groupHalves(Vec256{_mm256_castps_si256(
+        _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD))});
 }
 
 // Of the lanes of a and then b in memory order, those with even or odd numbers; and the way back.

@@ -68,18 +68,21 @@ ORVA_INLINE Vec512 evenDwords(Vec512 a, Vec512 b) {
         _mm512_shuffle_ps(_mm512_castsi512_ps(a.v), _mm512_castsi512_ps(b.v), 0x88))};
 }
 
-ORVA_INLINE Vec512 oddDwords(Vec512 a, Vec512 b) {
-    return {_mm512_castps_si512(
-        _mm512_shuffle_ps(_mm512_castsi512_ps(a.v), _mm512_castsi512_ps(b.v), 0xDD))};
+ORVA_INLINE Vec512 everyEvenDword(Vec512 a, Vec512 b) {
+    return {_mm512_permutex2var_epi32(
+        a.v, _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30), b.v)};
+}
+ORVA_INLINE Vec512 everyOddDword(Vec512 a, Vec512 b) {
+    return {_mm512_permutex2var_epi32(
+        a.v, _mm512_setr_epi32(1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31), b.v)};
 }
 
 ORVA_INLINE Vec512 nextDwords(Vec512 a) {
     return {_mm512_permutexvar_epi32(
         _mm512_setr_epi32(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 15), a.v)};
 }
-ORVA_INLINE Vec512 previousDwords(Vec512 a) {
-    return {_mm512_permutexvar_epi32(
-        _mm512_setr_epi32(0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14), a.v)};
+ORVA_INLINE Vec512 previousDwords(Vec512 earlier, Vec512 a) {
+    return {_mm512_alignr_epi32(a.v, earlier.v, 15)};
 }
 
 ORVA_INLINE Vec512 mergeUpperHalves(Vec512 even, Vec512 odd) {
