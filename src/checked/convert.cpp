@@ -32,9 +32,9 @@ picture::ImageRows<ByteLike<Byte>> rowsOf(const BasicImageView<Byte>& image, std
         return rows;
     };
     if (info.model == Model::alpha) {
-        return {{}, from(mainPlane)};
+        return {{{}, {}, {}, from(mainPlane)}};
     }
-    return {{from(mainPlane), from(chromaPlane), from(crPlane)}, from(alphaPlane)};
+    return {{from(mainPlane), from(chromaPlane), from(crPlane), from(alphaPlane)}};
 }
 
 std::uint64_t bytesOf(Format format, std::uint32_t width, std::uint32_t height) {

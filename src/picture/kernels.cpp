@@ -13,13 +13,15 @@ using picture::PixelKind;
 
 constexpr size_t half = 8 * Wide::lanes, block = 2 * half;  // pixels
 
+constexpr unsigned bytesOf(PixelKind kind) { return kind == PixelKind::noAlpha ? 3 : 4; }
+
 // Calls convert(from, to) for every row.
 template <class Convert> ORVA_INLINE void forRows(const Piece& piece, Convert convert) {
     Source from = piece.from;
     Target to = piece.to;
     for (size_t row = 0; row < piece.rows; ++row) {
         convert(from, to);
-        for (size_t i = 0; i < 3; ++i) {
+        for (size_t i = 0; i < planeCount; ++i) {
             from.plane[i] += piece.fromStep[i];
             to.plane[i] += piece.toStep[i];
         }
@@ -34,62 +36,72 @@ template <class Convert> ORVA_INLINE void forBlocks(const Piece& piece, Convert 
     });
 }
 
-// ---- From YCbCr: the samples of two vectors, then what the maths makes of them ----
+// ---- From YCbCr ----
 
-template <Layout layout, class Up, class Math, class Put>
-ORVA_INLINE void fromYcbcr(const Piece& piece, const Math& math, Put put) {
-    const auto convert = [&]<bool last>(const Source& from, const Target& to, size_t x) {
-        using In = Reader<layout>;
-        const auto first =
-            math(In::template luma<Wide>(from, x), Up::template take<In, false>(from, x));
-        const auto second = math(In::template luma<Wide>(from, x + half),
-                                 Up::template take<In, last>(from, x + half));
+// Calls put(to, x, first, second) with what convert makes of the samples of each half of a block.
+template <Layout layout, class Up, class Convert, class Put>
+ORVA_INLINE void fromYcbcr(const Piece& piece, Convert convert, Put put) {
+    using In = Reader<layout>;
+    const auto convertBlock = [&]<bool last>(const Source& from, const Target& to, size_t x) {
+        const auto first = convert(In::template luma<Wide>(from, x),
+                                   Up::template take<In, false>(from, x), from, x);
+        const auto second = convert(In::template luma<Wide>(from, x + half),
+                                    Up::template take<In, last>(from, x + half), from, x + half);
         put(to, x, first, second);
     };
     const size_t inner = piece.rowEnd ? (piece.pixels - 1) / block * block : piece.pixels;
     forRows(piece, [&](const Source& from, const Target& to) {
         for (size_t x = 0; x < inner; x += block)
-            convert.template operator()<false>(from, to, x);
+            convertBlock.template operator()<false>(from, to, x);
         if (piece.rowEnd)
-            convert.template operator()<true>(from, to, inner);
+            convertBlock.template operator()<true>(from, to, inner);
     });
 }
 
-template <Layout layout, class Up, PixelKind kind>
+template <Layout layout, class Up, PixelKind kind, bool alphaPlane>
 void toPixels(const Piece& piece, const Constants& c) {
+    const ToPixelsMath<kind == PixelKind::alphaFirst> math(c);
+    const Wide constantAlpha = Wide::all16(c.alpha);
     fromYcbcr<layout, Up>(
-        piece, ToPixelsMath<kind == PixelKind::alphaFirst>(c),
+        piece,
+        [&](Wide luma, const SitedChroma& chroma, const Source& from, size_t x) {
+            return math(luma, chroma,
+                        alphaPlane ? Wide::loadBytesAsWords(from.plane[orva::alphaPlane] + x)
+                                   : constantAlpha);
+        },
         [](const Target& to, size_t x, const Pixels8<Wide>& a, const Pixels8<Wide>& b) {
-            putPixels<kind == PixelKind::noAlpha ? 3 : 4>({a.a, a.b, b.a, b.b}, to.plane[0], x);
+            putPixels<bytesOf(kind)>({a.a, a.b, b.a, b.b}, to.plane[0], x);
         });
 }
 
-ORVA_INLINE void putStrip(const Words<Wide>& words, const Target& to, size_t x) {
-    words.luma.store(to.plane[0] + 2 * x);
-    words.chroma.store(to.plane[1] + 2 * x);
-}
-
 template <Layout layout, class Up> void toSamples(const Piece& piece, const Constants& c) {
+    const ToSamplesMath math(c);
     fromYcbcr<layout, Up>(
-        piece, ToSamplesMath(c),
-        [](const Target& to, size_t x, const Words<Wide>& a, const Words<Wide>& b) {
-            putStrip(a, to, x);
-            putStrip(b, to, x + half);
+        piece,
+        [&](Wide luma, const SitedChroma& chroma, const Source&, size_t) {
+            return math(luma, chroma);
+        },
+        [](const Target& to, size_t x, const Words<Wide>& first, const Words<Wide>& second) {
+            Writer<Layout::v210>::put(WordsPair<Wide>{first, second}, to, x);
         });
 }
 
 // ---- From pixels ----
 
-template <class Down, unsigned bytes, int depth>
+template <PixelKind kind, class Down, Layout layout, bool alphaPlane>
 void fromPixels(const Piece& piece, const Constants& c) {
-    const FromPixelsMath<depth> math(c);
+    constexpr unsigned bytes = bytesOf(kind);
+    const FromPixelsMath < layout<Layout::byteLayouts ? 8 : 10> math(c);
     forRows(piece, [&](const Source& from, const Target& to) {
         const uint8_t* const first = from.plane[0];
         Split before = splitPixel(pixelAt<bytes>(piece.rowStart ? first : first - bytes));
         for (size_t x = 0; x < piece.pixels; x += block) {
             const Pixels16<Wide> in = takePixels<bytes>(first, x);
-            putStrip(math.template operator()<Down>({in.a, in.b}, before), to, x);
-            putStrip(math.template operator()<Down>({in.c, in.d}, before), to, x + half);
+            const auto a = math.template operator()<Down>({in.a, in.b}, before);
+            const auto b = math.template operator()<Down>({in.c, in.d}, before);
+            Writer<layout>::put(WordsPair<Wide>{a, b}, to, x);
+            if constexpr (alphaPlane)
+                putAlpha<kind == PixelKind::alphaFirst>(in, to, x);
         }
     });
 }
@@ -190,48 +202,27 @@ void reorderPairs(const Piece& piece, const Constants& c) {
     });
 }
 
-template <unsigned source, unsigned destination>
+template <unsigned source, unsigned destination, bool alphaPlane>
 void repack(const Piece& piece, const Constants& c) {
     const Reorder order(c.order);
-    const Wide alpha = Wide::all32(uint32_t(c.alpha) << 24), colour = Wide::all32(0xFFFFFF);
-    const auto moved = [&](Wide pixels) {
-        return order(source < destination ? (pixels & colour) | alpha : pixels);
-    };
+    const Wide constantAlpha = Wide::all32(uint32_t(c.alpha) << 24);
     forBlocks(piece, [&](const Source& from, const Target& to, size_t x) {
-        const Pixels16<Wide> in = takePixels<source>(from.plane[0], x);
-        putPixels<destination>({moved(in.a), moved(in.b), moved(in.c), moved(in.d)}, to.plane[0],
-                               x);
-    });
-}
-
-// ---- Alpha ----
-
-template <bool alphaFirst> void mergeAlpha(const Piece& piece, const Constants&) {
-    const Wide colour = Wide::all32(alphaFirst ? 0xFFFFFF00 : 0x00FFFFFF);
-    forRows(piece, [&](const Source& from, const Target& to) {
-        const uint8_t* const bytes = from.plane[0];
-        uint8_t* const pixels = to.plane[0];
-        size_t x = 0;
-        for (; x + block <= piece.pixels; x += block) {
-            const Pixels16<Wide> in = takePixels<4>(pixels, x);
-            const Pixels16<Wide> alpha = alphaInPixels<alphaFirst>(bytes + x);
-            putPixels<4>({(in.a & colour) | alpha.a, (in.b & colour) | alpha.b,
-                          (in.c & colour) | alpha.c, (in.d & colour) | alpha.d},
-                         pixels, x);
-        }
-        for (; x < piece.pixels; ++x)
-            pixels[4 * x + (alphaFirst ? 0 : 3)] = bytes[x];
+        Pixels16<Wide> pixels = takePixels<source>(from.plane[0], x);
+        if constexpr (source < destination)
+            pixels = withAlpha(pixels, alphaPlane ? alphaInPixels(from, x)
+                                                  : Pixels16<Wide>{constantAlpha, constantAlpha,
+                                                                   constantAlpha, constantAlpha});
+        const Pixels16<Wide> ordered{order(pixels.a), order(pixels.b), order(pixels.c),
+                                     order(pixels.d)};
+        putPixels<destination>(ordered, to.plane[0], x);
+        if constexpr (alphaPlane && source > destination)
+            putAlpha<false>(ordered, to, x);
     });
 }
 
 template <bool alphaFirst> void extractAlpha(const Piece& piece, const Constants&) {
-    forRows(piece, [&](const Source& from, const Target& to) {
-        const uint8_t* const pixels = from.plane[0];
-        size_t x = 0;
-        for (; x + block <= piece.pixels; x += block)
-            alphaOf<alphaFirst>(takePixels<4>(pixels, x)).store(to.plane[0] + x);
-        for (; x < piece.pixels; ++x)
-            to.plane[0][x] = pixels[4 * x + (alphaFirst ? 0 : 3)];
+    forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
+        putAlpha<alphaFirst>(takePixels<4>(from.plane[0], x), to, x);
     });
 }
 
@@ -254,18 +245,32 @@ void stream(uint8_t* to, const uint8_t* from, size_t bytes) {
 
 template <size_t... layouts> struct Layouts {};
 
-template <Layout layout, class Up> constexpr void addFromYcbcr(picture::Kernels& k, size_t chroma) {
-    k.toPixels[layout][chroma][PixelKind::alphaLast] = toPixels<layout, Up, PixelKind::alphaLast>;
-    k.toPixels[layout][chroma][PixelKind::noAlpha] = toPixels<layout, Up, PixelKind::noAlpha>;
-    k.toPixels[layout][chroma][PixelKind::alphaFirst] = toPixels<layout, Up, PixelKind::alphaFirst>;
-    k.toSamples[layout][chroma] = toSamples<layout, Up>;
+// Whether a format of this layout may have an alpha plane beside it.
+constexpr bool mayHaveAlpha(Layout layout) { return layout <= Layout::semiPlanar8; }
+
+template <Layout layout, class Up, PixelKind kind>
+constexpr void addToPixels(picture::Kernels& k, size_t chroma) {
+    k.toPixels[layout][chroma][kind][false] = toPixels<layout, Up, kind, false>;
+    if constexpr (mayHaveAlpha(layout) && kind != PixelKind::noAlpha)
+        k.toPixels[layout][chroma][kind][true] = toPixels<layout, Up, kind, true>;
 }
 
-template <class Down> constexpr void addFromPixels(picture::Kernels& k, size_t chroma) {
-    k.fromPixels[chroma][0][0] = fromPixels<Down, 3, 8>;
-    k.fromPixels[chroma][0][1] = fromPixels<Down, 3, 10>;
-    k.fromPixels[chroma][1][0] = fromPixels<Down, 4, 8>;
-    k.fromPixels[chroma][1][1] = fromPixels<Down, 4, 10>;
+template <PixelKind kind, class Down, Layout layout>
+constexpr void addFromPixels(picture::Kernels& k, size_t chroma) {
+    k.fromPixels[kind][chroma][layout][false] = fromPixels<kind, Down, layout, false>;
+    if constexpr (mayHaveAlpha(layout) && kind != PixelKind::noAlpha)
+        k.fromPixels[kind][chroma][layout][true] = fromPixels<kind, Down, layout, true>;
+}
+
+template <Layout layout, class Up, class Down>
+constexpr void addLayout(picture::Kernels& k, size_t chroma) {
+    addToPixels<layout, Up, PixelKind::alphaLast>(k, chroma);
+    addToPixels<layout, Up, PixelKind::noAlpha>(k, chroma);
+    addToPixels<layout, Up, PixelKind::alphaFirst>(k, chroma);
+    addFromPixels<PixelKind::alphaLast, Down, layout>(k, chroma);
+    addFromPixels<PixelKind::noAlpha, Down, layout>(k, chroma);
+    addFromPixels<PixelKind::alphaFirst, Down, layout>(k, chroma);
+    k.toSamples[layout][chroma] = toSamples<layout, Up>;
 }
 
 template <Layout from, Layout to> constexpr void addMove(picture::Kernels& k) {
@@ -282,20 +287,18 @@ template <size_t... all, size_t... bytes>
 constexpr picture::Kernels makeKernels(Layouts<all...>, Layouts<bytes...>) {
     picture::Kernels k{};
     k.block = block;
-    (addFromYcbcr<Layout(all), CositedUp>(k, size_t(Chroma::cosited)), ...);
-    (addFromYcbcr<Layout(all), NearestUp>(k, size_t(Chroma::nearest)), ...);
-    addFromPixels<CositedDown>(k, size_t(Chroma::cosited));
-    addFromPixels<NearestDown>(k, size_t(Chroma::nearest));
+    (addLayout<Layout(all), CositedUp, CositedDown>(k, size_t(Chroma::cosited)), ...);
+    (addLayout<Layout(all), NearestUp, NearestDown>(k, size_t(Chroma::nearest)), ...);
     k.unpackV210 = unpackV210;
     ((k.fromSamples[all] = fromSamples<Layout(all)>), ...);
     (addMovesFrom<Layout(bytes)>(k, Layouts<bytes...>()), ...);
     k.reorderPairs = reorderPairs;
-    k.repack[0][0] = repack<3, 3>;
-    k.repack[0][1] = repack<3, 4>;
-    k.repack[1][0] = repack<4, 3>;
-    k.repack[1][1] = repack<4, 4>;
-    k.mergeAlpha[0] = mergeAlpha<false>;
-    k.mergeAlpha[1] = mergeAlpha<true>;
+    k.repack[0][0][0] = repack<3, 3, false>;
+    k.repack[0][1][0] = repack<3, 4, false>;
+    k.repack[0][1][1] = repack<3, 4, true>;
+    k.repack[1][0][0] = repack<4, 3, false>;
+    k.repack[1][0][1] = repack<4, 3, true>;
+    k.repack[1][1][0] = repack<4, 4, false>;
     k.extractAlpha[0] = extractAlpha<false>;
     k.extractAlpha[1] = extractAlpha<true>;
     k.stream = stream;

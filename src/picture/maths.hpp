@@ -51,10 +51,9 @@ public:
     ORVA_INLINE explicit ToPixelsMath(const picture::Constants& c)
         : evenLuma(wordPairs(c.toPixels.luma, 0)), oddLuma(wordPairs(0, c.toPixels.luma)),
           blue(wordPairs(c.toPixels.blue)), green(wordPairs(c.toPixels.green)),
-          red(wordPairs(c.toPixels.red)), start(Wide::all32(uint32_t(c.toPixels.start))),
-          alpha(Wide::all16(c.alpha)) {}
+          red(wordPairs(c.toPixels.red)), start(Wide::all32(uint32_t(c.toPixels.start))) {}
 
-    ORVA_INLINE Pixels8<Wide> operator()(Wide luma, const SitedChroma& chroma) const {
+    ORVA_INLINE Pixels8<Wide> operator()(Wide luma, const SitedChroma& chroma, Wide alpha) const {
         const Wide even = maddAdd(start, luma, evenLuma), odd = maddAdd(start, luma, oddLuma);
         const Wide b = channel(even, odd, chroma, blue), g = channel(even, odd, chroma, green),
                    r = channel(even, odd, chroma, red);
@@ -76,7 +75,7 @@ private:
 
     Wide evenLuma, oddLuma;
     Wide blue, green, red;
-    Wide start, alpha;
+    Wide start;
 };
 
 // ---- Samples to samples ----

@@ -35,11 +35,12 @@ enum Layout : uint8_t {
 // Pixels of RGB: alpha behind the colours, no alpha, or alpha before them.
 enum PixelKind : uint8_t { alphaLast, noAlpha, alphaFirst, pixelKinds };
 
+// The planes of PlaneIndex; of alpha only where a pass takes it from there or puts it there.
 struct Source {
-    const uint8_t* plane[3];
+    const uint8_t* plane[planeCount];
 };
 struct Target {
-    uint8_t* plane[3];
+    uint8_t* plane[planeCount];
 };
 
 // Some pixels of some rows. A plane's next row begins a step behind the last one.
@@ -47,7 +48,7 @@ struct Piece {
     Source from;
     Target to;
     size_t pixels, rows;
-    ptrdiff_t fromStep[3], toStep[3];
+    ptrdiff_t fromStep[planeCount], toStep[planeCount];
     bool rowStart;  // no pixel before the first one
     bool rowEnd;    // no pixel behind the last one; else the next pair's chroma may be read
 };
@@ -58,12 +59,12 @@ struct Kernels {
     size_t block;  // pixels
 
     // YCbCr to pixels, and to samples of another matrix, range or depth; of V210, from samples.
-    // Indexed by Chroma.
-    Pass toPixels[layoutCount][2][pixelKinds];
+    // Indexed by Chroma; pixels also by whether their alpha comes from a plane.
+    Pass toPixels[layoutCount][2][pixelKinds][2];
     Pass toSamples[layoutCount][2];
-    // Pixels to samples of 8 and of 10 bits. Indexed by Chroma, by whether pixels have 4 bytes, and
-    // by whether there are 10 bits.
-    Pass fromPixels[2][2][2];
+    // Pixels to YCbCr; of V210, to samples. Indexed by Chroma and by whether their alpha goes to a
+    // plane.
+    Pass fromPixels[pixelKinds][2][layoutCount][2];
 
     // V210's units to samples of 10 bits; exactly the units that hold the pixels are read.
     Pass unpackV210;
@@ -74,13 +75,12 @@ struct Kernels {
     Pass move[byteLayouts][byteLayouts];
     // The four bytes of packed pairs in Constants::order.
     Pass reorderPairs;
-    // RGB moved: the bytes of pixels in Constants::order, alpha from Constants where pixels of 3
-    // bytes become pixels of 4. Indexed by whether they have 4, first of the source.
-    Pass repack[2][2];
-
-    // Alpha bytes of exactly this many pixels into pixels of 4 bytes, and out of them. Indexed by
-    // whether alpha is a pixel's first byte.
-    Pass mergeAlpha[2], extractAlpha[2];
+    // RGB moved: the bytes of pixels in Constants::order. Indexed by whether they have 4, first of
+    // the source; and by whether pixels of 4 bytes get their alpha from a plane, not Constants, or
+    // give it to one.
+    Pass repack[2][2][2];
+    // Of pixels of 4 bytes, to a plane alone. Indexed by whether alpha is the first byte.
+    Pass extractAlpha[2];
 
     // Copies bytes, whole cache lines of the destination past the cache.
     void (*stream)(uint8_t* to, const uint8_t* from, size_t bytes);

@@ -42,26 +42,31 @@ template <unsigned bytes> ORVA_INLINE uint32_t pixelAt(const uint8_t* p) {
            (bytes == 4 ? uint32_t(p[bytes - 1]) << 24 : 0);
 }
 
-// ---- Alpha: a pixel's first or fourth byte ----
+// ---- Alpha: a pixel's first or fourth byte, and a plane's ----
 
-// 16 * lanes alpha bytes, each in its pixel, the other bytes zero.
-template <bool alphaFirst> ORVA_INLINE Pixels16<Wide> alphaInPixels(const uint8_t* p) {
-    const Wide bytes = spreadQuarters(Wide::load(p)), zero = Wide::zero();
-    const auto widened = [&](Wide a, bool words) {
-        return words ? unpackLow16(alphaFirst ? a : zero, alphaFirst ? zero : a)
-                     : unpackHigh16(alphaFirst ? a : zero, alphaFirst ? zero : a);
-    };
-    const Wide low = alphaFirst ? unpackLow8(bytes, zero) : unpackLow8(zero, bytes);
-    const Wide high = alphaFirst ? unpackHigh8(bytes, zero) : unpackHigh8(zero, bytes);
-    return {widened(low, true), widened(low, false), widened(high, true), widened(high, false)};
+// 16 * lanes alpha bytes as fourth bytes, the others zero.
+ORVA_INLINE Pixels16<Wide> alphaInPixels(const picture::Source& from, size_t x) {
+    const Wide bytes = spreadQuarters(Wide::load(from.plane[orva::alphaPlane] + x));
+    const Wide zero = Wide::zero();
+    const Wide low = unpackLow8(zero, bytes), high = unpackHigh8(zero, bytes);
+    return {unpackLow16(zero, low), unpackHigh16(zero, low), unpackLow16(zero, high),
+            unpackHigh16(zero, high)};
 }
 
-template <bool alphaFirst> ORVA_INLINE Wide alphaOf(const Pixels16<Wide>& pixels) {
+ORVA_INLINE Pixels16<Wide> withAlpha(const Pixels16<Wide>& pixels, const Pixels16<Wide>& alpha) {
+    const Wide colour = Wide::all32(0xFFFFFF);
+    return {(pixels.a & colour) | alpha.a, (pixels.b & colour) | alpha.b,
+            (pixels.c & colour) | alpha.c, (pixels.d & colour) | alpha.d};
+}
+
+template <bool alphaFirst>
+ORVA_INLINE void putAlpha(const Pixels16<Wide>& pixels, const picture::Target& to, size_t x) {
     const auto alpha = [](Wide p) {
         return alphaFirst ? p & Wide::all32(0xFF) : shiftRight32<24>(p);
     };
-    return groupQuarters(packBytes(packWords(alpha(pixels.a), alpha(pixels.b)),
-                                   packWords(alpha(pixels.c), alpha(pixels.d))));
+    groupQuarters(packBytes(packWords(alpha(pixels.a), alpha(pixels.b)),
+                            packWords(alpha(pixels.c), alpha(pixels.d))))
+        .store(to.plane[orva::alphaPlane] + x);
 }
 
 }  // namespace orva::ORVA_ISA

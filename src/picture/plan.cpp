@@ -58,7 +58,7 @@ bool isPacked(Layout layout) { return layout <= uvyy; }
 
 Shape shapeOf(const FormatInfo& colour) {
     Shape shape = {};
-    for (size_t i = 0; i < 3; ++i)
+    for (size_t i = 0; i < planeCount; ++i)
         shape.planes[i] = colour.planes[i];
     if (colour.model != Model::ycbcr || colour.format == Format::V210)
         return shape;
@@ -89,11 +89,13 @@ struct Side {
     }
 };
 
+// throughPixels: alpha goes from a plane into pixels or from pixels to a plane, and so through the
+// passes.
 class Planner {
 public:
-    Planner(const Side& source, const Side& destination, const Options& options,
+    Planner(const Side& source, const Side& destination, bool throughPixels, const Options& options,
             const Kernels& kernels)
-        : source(source), destination(destination), kernels(kernels),
+        : source(source), destination(destination), throughPixels(throughPixels), kernels(kernels),
           chroma(static_cast<size_t>(options.chroma)), cosited(options.chroma == Chroma::cosited) {}
 
     Plan colour() {
@@ -119,21 +121,24 @@ private:
         if (source.info.format == destination.info.format)
             plan.copiesColour = true;
         else
-            plan.finish = kernels.repack[source.hasPixels32()][destination.hasPixels32()];
+            plan.finish =
+                kernels.repack[source.hasPixels32()][destination.hasPixels32()][throughPixels];
     }
 
     void fromRgb() {
         plan.constants.fromPixels = fromPixels(source.order(), destination.coding());
-        plan.compute =
-            kernels.fromPixels[chroma][source.hasPixels32()][destination.info.bits == 10];
-        plan.finish = kernels.fromSamples[destination.layout()];
+        const Layout to = destination.layout();
+        plan.compute = kernels.fromPixels[source.pixelKind()][chroma][to][throughPixels];
+        if (to == v210)
+            plan.finish = kernels.fromSamples[to];
         plan.readsNeighbours = cosited;
     }
 
     void toRgb() {
         unpackIfV210();
         plan.constants.toPixels = toPixels(source.coding(), destination.order());
-        plan.compute = kernels.toPixels[source.layout()][chroma][destination.pixelKind()];
+        plan.compute =
+            kernels.toPixels[source.layout()][chroma][destination.pixelKind()][throughPixels];
         plan.readsNeighbours = cosited;
     }
 
@@ -175,20 +180,18 @@ private:
 
     const Side& source;
     const Side& destination;
+    const bool throughPixels;
     const Kernels& kernels;
     size_t chroma;
     bool cosited;
     Plan plan;
 };
 
-AlphaStep alphaStep(const FormatInfo& source, const FormatInfo& destination) {
-    const auto hasPlane = [](const FormatInfo& info) {
-        return info.format == Format::A8P || info.planes[alphaPlane].unitBytes > 0;
-    };
-    const bool inPixels = source.model == Model::rgb && source.hasAlpha && !hasPlane(source);
-    if (hasPlane(destination))
-        return hasPlane(source) ? AlphaStep::copy : inPixels ? AlphaStep::extract : AlphaStep::fill;
-    return hasPlane(source) && destination.hasAlpha ? AlphaStep::merge : AlphaStep::none;
+bool hasAlphaPlane(const FormatInfo& info) {
+    return info.format == Format::A8P || info.planes[alphaPlane].unitBytes > 0;
+}
+bool hasAlphaInPixels(const FormatInfo& info) {
+    return info.model == Model::rgb && info.hasAlpha && !hasAlphaPlane(info);
 }
 
 }  // namespace
@@ -197,23 +200,30 @@ Plan makePlan(Format from, Format to, const Options& options, const Kernels& ker
     const FormatInfo &fromInfo = formatInfo(from), &toInfo = formatInfo(to);
     const Side source{colourOf(from), options.srcMatrix, options.srcRange};
     const Side destination{colourOf(to), options.dstMatrix, options.dstRange};
-    const AlphaStep alpha = alphaStep(fromInfo, toInfo);
+    const bool intoPixels = hasAlphaPlane(fromInfo) && hasAlphaInPixels(toInfo);
+    const bool outOfPixels = hasAlphaInPixels(fromInfo) && hasAlphaPlane(toInfo);
+
     Plan plan;
     if (toInfo.model != Model::alpha) {
-        plan = Planner(source, destination, options, kernels).colour();
-        plan.destination = shapeOf(destination.info);
-    }
-    if (toInfo.model != Model::alpha || alpha == AlphaStep::extract)
+        plan = Planner(source, destination, intoPixels || outOfPixels, options, kernels).colour();
         plan.source = shapeOf(source.info);
+        plan.destination = shapeOf(destination.info);
+    } else if (outOfPixels) {
+        plan.finish = kernels.extractAlpha[source.pixelKind() == alphaFirst];
+        plan.source = shapeOf(source.info);
+    }
+    if (intoPixels)
+        plan.source.planes[alphaPlane] = {1, 1};
+    if (outOfPixels)
+        plan.destination.planes[alphaPlane] = {1, 1};
+    else if (hasAlphaPlane(toInfo))
+        plan.alpha = hasAlphaPlane(fromInfo) ? AlphaStep::copy : AlphaStep::fill;
+
     plan.toV210 = to == Format::V210;
     // Six pixels are a unit of V210. Blocks are 2^n pixels, so three of them are whole units.
     const bool hasV210 = plan.toV210 || from == Format::V210;
     plan.granularity = kernels.block * (hasV210 ? 3 : 1);
-
     plan.constants.alpha = static_cast<uint8_t>(options.alpha);
-    plan.alpha = alpha;
-    const Side& pixels = alpha == AlphaStep::merge ? destination : source;
-    plan.alphaFirst = pixels.pixelKind() == alphaFirst;
     return plan;
 }
 

@@ -5,16 +5,16 @@
 
 namespace orva::picture {
 
-// The colour planes of a row, and for 4:2:2 where the second luma of a pair is and the first:
-// beyond an odd row's end one repeats the other.
+// The planes that passes read or write of a row, and for 4:2:2 where the second luma of a pair is
+// and the first: beyond an odd row's end one repeats the other.
 struct Shape {
-    PlaneInfo planes[3];
+    PlaneInfo planes[planeCount];
     uint8_t lumaOfPair[2];
     uint8_t lumaBytes;  // 0 where no pair has to be completed before the first pass
 };
 
-// What becomes of alpha beside the colour passes.
-enum class AlphaStep : uint8_t { none, copy, fill, extract, merge };
+// What is done to the destination's alpha plane beside the passes.
+enum class AlphaStep : uint8_t { none, copy, fill };
 
 // Rows go through up to three passes, of which each but the last fills a strip. A plan without any
 // moves only alpha, or copies rows if it says so.
@@ -32,7 +32,6 @@ struct Plan {
     Shape source, destination;
 
     AlphaStep alpha = AlphaStep::none;
-    bool alphaFirst = false;  // of the pixels that alpha is merged into or extracted from
 
     Constants constants = {};
 };

@@ -45,8 +45,8 @@ public:
         shift = (low(other) + page / 2 - low(bytes[0])) % page / 64 * 64;
     }
 
-    Target target() { return {{plane(0), plane(1), plane(2)}}; }
-    Source source() { return {{plane(0), plane(1), plane(2)}}; }
+    Target target() { return {{plane(0), plane(1), plane(2), plane(3)}}; }
+    Source source() { return {{plane(0), plane(1), plane(2), plane(3)}}; }
 
 private:
     static constexpr size_t page = 4096, before = 64;
@@ -57,7 +57,7 @@ private:
     uint8_t* plane(size_t i) { return bytes[0] + shift + before + i * planeBytes; }
 
     size_t shift = 0;
-    alignas(64) uint8_t bytes[3][planeBytes];
+    alignas(64) uint8_t bytes[planeCount][planeBytes];
     uint8_t roomToShift[page];
 };
 
@@ -79,7 +79,7 @@ void extendSamples(const Target& strip, size_t pixels) {
 // it.
 void copyEnd(const Shape& shape, const Source& from, const Target& to, size_t pixels,
              bool withPrevious) {
-    for (size_t i = 0; i < 3; ++i) {
+    for (size_t i = 0; i < planeCount; ++i) {
         const PlaneInfo plane = shape.planes[i];
         const size_t bytes = bytesOf(plane, pixels);
         if (bytes == 0)
@@ -134,13 +134,14 @@ private:
         return plane.first + static_cast<std::ptrdiff_t>(y) * plane.pitch;
     }
 
-    bool throughStrips() const { return plan.compute && plan.finish; }
+    // Whether what a piece holds passes through a strip.
+    bool inStrips() const { return (plan.compute && plan.finish) || plan.prepare || streaming; }
 
-    // Enough to keep the calls' own time small, and few enough for alpha to find its rows in the
-    // first-level cache.
     size_t rowsAtOnce() const {
         const bool alike = wholePixels == area.width && !(plan.toV210 && area.width % 6 != 0);
-        return alike || plan.copiesColour ? std::max<size_t>(1, stripPixels / area.width) : 1;
+        if (!alike && !plan.copiesColour)
+            return 1;
+        return inStrips() ? std::max<size_t>(1, stripPixels / area.width) : area.height;
     }
 
     // ---- Bytes ----
@@ -153,10 +154,10 @@ private:
     }
 
     void copyColour(size_t y, size_t rows) {
-        for (size_t i = 0; i < 3; ++i)
+        for (size_t i = 0; i < planeCount; ++i)
             if (const size_t bytes = bytesOf(plan.source.planes[i], area.width))
                 for (size_t row = y; row < y + rows; ++row)
-                    copy(rowOf(area.destination.colour[i], row), rowOf(area.source.colour[i], row),
+                    copy(rowOf(area.destination.planes[i], row), rowOf(area.source.planes[i], row),
                          bytes);
     }
 
@@ -175,13 +176,13 @@ private:
         if (x >= wholePixels)
             return area.width - x;
         const size_t rest = wholePixels - x;
-        return throughStrips() || plan.prepare || streaming ? std::min(rest, stripPixels) : rest;
+        return inStrips() ? std::min(rest, stripPixels) : rest;
     }
 
     // Where the rows of a piece lie.
     struct Places {
         Target target;
-        std::ptrdiff_t step[3];
+        std::ptrdiff_t step[planeCount];
     };
 
     void convertPiece(size_t x, size_t y, size_t pixels, size_t rows) {
@@ -191,16 +192,16 @@ private:
         piece.rowStart = x == 0;
         piece.rowEnd = x + pixels == area.width;
         Places destination = {}, buffer = {out.target(), {}};
-        for (size_t i = 0; i < 3; ++i) {
+        for (size_t i = 0; i < planeCount; ++i) {
             const PlaneInfo &from = plan.source.planes[i], &to = plan.destination.planes[i];
             if (from.unitBytes > 0) {
-                piece.from.plane[i] = rowOf(area.source.colour[i], y) + offsetOf(from, x);
-                piece.fromStep[i] = area.source.colour[i].pitch;
+                piece.from.plane[i] = rowOf(area.source.planes[i], y) + offsetOf(from, x);
+                piece.fromStep[i] = area.source.planes[i].pitch;
             }
             if (to.unitBytes > 0) {
                 destination.target.plane[i] =
-                    rowOf(area.destination.colour[i], y) + offsetOf(to, x);
-                destination.step[i] = area.destination.colour[i].pitch;
+                    rowOf(area.destination.planes[i], y) + offsetOf(to, x);
+                destination.step[i] = area.destination.planes[i].pitch;
                 buffer.step[i] = static_cast<std::ptrdiff_t>(bytesOf(to, pixels));
             }
         }
@@ -210,55 +211,47 @@ private:
             piece.from = end.source();
         }
         if (whole && !streaming) {
-            makePiece(piece, destination, x, y);
+            makePiece(piece, destination);
             return;
         }
         out.placeAwayFrom(destination.target.plane[0]);
         buffer.target = out.target();
-        makePiece(piece, buffer, x, y);
-        for (size_t i = 0; i < 3; ++i)
+        makePiece(piece, buffer);
+        for (size_t i = 0; i < planeCount; ++i)
             for (size_t row = 0; buffer.step[i] > 0 && row < rows; ++row)
                 copy(destination.target.plane[i] + std::ptrdiff_t(row) * destination.step[i],
                      buffer.target.plane[i] + std::ptrdiff_t(row) * buffer.step[i],
                      static_cast<size_t>(buffer.step[i]));
     }
 
-    void makePiece(const Piece& piece, const Places& result, size_t x, size_t y) {
+    void makePiece(const Piece& piece, const Places& result) {
         runPasses(piece, result);
         if (plan.toV210 && piece.pixels % 6 != 0)
             clearUnusedPairs(result.target.plane[0] + piece.pixels / 6 * 16, piece.pixels % 6);
-        if (plan.alpha == AlphaStep::merge) {
-            Piece alpha = {};
-            alpha.from.plane[0] = rowOf(area.source.alpha, y) + x;
-            alpha.fromStep[0] = area.source.alpha.pitch;
-            alpha.pixels = piece.pixels;
-            alpha.rows = piece.rows;
-            run(kernels.mergeAlpha[plan.alphaFirst], alpha, result);
-        }
     }
 
     // What a pass made is the next one's source.
     void run(Pass pass, Piece& piece, const Places& to) const {
         piece.to = to.target;
-        std::copy_n(to.step, 3, piece.toStep);
+        std::copy_n(to.step, planeCount, piece.toStep);
         pass(piece, plan.constants);
-        for (size_t i = 0; i < 3; ++i)
+        for (size_t i = 0; i < planeCount; ++i)
             piece.from.plane[i] = to.target.plane[i];
-        std::copy_n(to.step, 3, piece.fromStep);
+        std::copy_n(to.step, planeCount, piece.fromStep);
     }
 
     void runPasses(Piece piece, const Places& result) {
         const auto wordBytes = static_cast<std::ptrdiff_t>(2 * piece.pixels);
         const uint8_t* beside = result.target.plane[0];
-        Places samples = {{}, {wordBytes, wordBytes, 0}};
-        if (throughStrips()) {
+        Places samples = {{}, {wordBytes, wordBytes, 0, 0}};
+        if (plan.compute && plan.finish) {
             computed.placeAwayFrom(beside);
             samples.target = computed.target();
             beside = samples.target.plane[0];
         }
         if (plan.prepare) {
             prepared.placeAwayFrom(beside);
-            prepare(piece, {prepared.target(), {wordBytes, wordBytes, 0}});
+            prepare(piece, {prepared.target(), {wordBytes, wordBytes, 0, 0}});
         }
         if (plan.compute)
             run(plan.compute, piece, plan.finish ? samples : result);
@@ -277,38 +270,29 @@ private:
             extendSamples(strip.target, pixels);
     }
 
-    // ---- Alpha beside the colours ----
+    // ---- Alpha beside the passes ----
 
     void convertAlpha(size_t y, size_t rows) {
-        if (plan.alpha == AlphaStep::none || plan.alpha == AlphaStep::merge)
+        if (plan.alpha == AlphaStep::none)
             return;
         for (size_t row = y; row < y + rows; ++row) {
-            uint8_t* const to = rowOf(area.destination.alpha, row);
+            uint8_t* const to = rowOf(area.destination.planes[alphaPlane], row);
             if (plan.alpha == AlphaStep::copy)
-                copy(to, rowOf(area.source.alpha, row), area.width);
+                copy(to, rowOf(area.source.planes[alphaPlane], row), area.width);
             else
-                makeAlpha(to, row);
+                fillAlpha(to);
         }
     }
 
-    void makeAlpha(uint8_t* to, size_t y) {
-        const size_t most = streaming ? stripPixels : area.width;
-        for (size_t x = 0; x < area.width; x += most) {
-            const size_t pixels = std::min(most, area.width - x);
-            uint8_t* const bytes = streaming ? out.target().plane[0] : to + x;
-            if (plan.alpha == AlphaStep::fill) {
-                std::memset(bytes, plan.constants.alpha, pixels);
-            } else {
-                Piece piece = {};
-                piece.from.plane[0] = rowOf(area.source.colour[0], y) + 4 * x;
-                piece.pixels = pixels;
-                piece.rows = 1;
-                run(kernels.extractAlpha[plan.alphaFirst], piece,
-                    {{{bytes, nullptr, nullptr}}, {}});
-            }
-            if (streaming)
-                copy(to + x, bytes, pixels);
+    void fillAlpha(uint8_t* to) {
+        if (!streaming) {
+            std::memset(to, plan.constants.alpha, area.width);
+            return;
         }
+        uint8_t* const bytes = out.target().plane[0];
+        std::memset(bytes, plan.constants.alpha, stripPixels);
+        for (size_t x = 0; x < area.width; x += stripPixels)
+            copy(to + x, bytes, std::min(stripPixels, area.width - x));
     }
 
     const Plan& plan;
@@ -330,15 +314,15 @@ bool isOneRow(const Plan& plan, const Area& area) {
                (area.width % plane.unitPixels == 0 &&
                 rows.pitch == static_cast<std::ptrdiff_t>(bytesOf(plane, area.width)));
     };
-    for (size_t i = 0; i < 3; ++i)
-        if (!gapless(area.source.colour[i], plan.source.planes[i]) ||
-            !gapless(area.destination.colour[i], plan.destination.planes[i]))
+    const PlaneInfo alpha = {1, 1};
+    const bool alphaCopied = plan.alpha == AlphaStep::copy;
+    for (size_t i = 0; i < planeCount; ++i)
+        if (!gapless(area.source.planes[i], plan.source.planes[i]) ||
+            !gapless(area.destination.planes[i], plan.destination.planes[i]))
             return false;
-    const PlaneInfo alpha{1, 1};
-    const bool fromPlane = plan.alpha == AlphaStep::copy || plan.alpha == AlphaStep::merge;
-    const bool toPlane = plan.alpha != AlphaStep::none && plan.alpha != AlphaStep::merge;
-    return (!fromPlane || gapless(area.source.alpha, alpha)) &&
-           (!toPlane || gapless(area.destination.alpha, alpha));
+    return plan.alpha == AlphaStep::none ||
+           (gapless(area.destination.planes[alphaPlane], alpha) &&
+            (!alphaCopied || gapless(area.source.planes[alphaPlane], alpha)));
 }
 
 }  // namespace

@@ -13,10 +13,8 @@ template <class Byte> struct PlaneRows {
     std::ptrdiff_t pitch = 0;
 };
 
-template <class Byte> struct ImageRows {
-    PlaneRows<Byte> colour[3];
-    PlaneRows<Byte> alpha;
-};
+// The planes of PlaneIndex, but for alpha alone, which is the alpha plane.
+template <class Byte> struct ImageRows { PlaneRows<Byte> planes[planeCount]; };
 
 struct Area {
     ImageRows<const uint8_t> source;

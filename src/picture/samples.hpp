@@ -182,4 +182,15 @@ template <> struct Writer<Layout::planar10> : TenBits<0> {
     }
 };
 
+// A strip of samples, which V210 is packed from.
+template <> struct Writer<Layout::v210> {
+    template <class V>
+    ORVA_INLINE static void put(const WordsPair<V>& in, const Target& to, size_t x) {
+        in.first.luma.store(to.plane[0] + 2 * x);
+        in.second.luma.store(to.plane[0] + 2 * x + V::bytes);
+        in.first.chroma.store(to.plane[1] + 2 * x);
+        in.second.chroma.store(to.plane[1] + 2 * x + V::bytes);
+    }
+};
+
 }  // namespace orva::ORVA_ISA
