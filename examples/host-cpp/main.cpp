@@ -1,5 +1,5 @@
-// Draws colour bars in UYVY16I, converts them for a screen with every argument checked, and saves
-// the picture:  host-cpp bars.ppm
+// Draws colour bars in UYVY16I, converts them to RGB with every argument checked, and saves the
+// picture:  host-cpp bars.ppm
 #include <orva/convert.hpp>
 
 #include <fstream>
@@ -8,8 +8,8 @@
 int main(int argc, char** argv) {
     constexpr std::uint32_t width = 1280, height = 720;
     std::optional<orva::Image> camera = orva::Image::create(orva::Format::UYVY16I, width, height);
-    std::optional<orva::Image> screen = orva::Image::create(orva::Format::BGR32I, width, height);
-    if (argc != 2 || !camera || !screen) {
+    std::optional<orva::Image> pixels = orva::Image::create(orva::Format::RGB24I, width, height);
+    if (argc != 2 || !camera || !pixels) {
         std::cerr << "usage: host-cpp <picture.ppm>\n";
         return 2;
     }
@@ -26,8 +26,8 @@ int main(int argc, char** argv) {
         }
     }
 
-    const orva::Options options = {.srcMatrix = orva::Matrix::bt709, .alpha = 255};
-    if (const orva::Result result = orva::convert(camera->view(), screen->view(), options);
+    const orva::Options options = {.srcMatrix = orva::Matrix::bt709};
+    if (const orva::Result result = orva::convert(camera->view(), pixels->view(), options);
         !result) {
         std::cerr << result.describe() << '\n';
         return 1;
@@ -35,14 +35,9 @@ int main(int argc, char** argv) {
 
     std::ofstream picture(argv[1], std::ios::binary);
     picture << "P6\n" << width << ' ' << height << "\n255\n";
-    const orva::Plane pixels = screen->view().main;
+    const orva::Plane rgb = pixels->view().main;
     for (std::uint32_t y = 0; y < height; ++y) {
-        const std::byte* const row = pixels.bytes.data() + y * pixels.pitch;
-        for (std::uint32_t x = 0; x < width; ++x) {
-            for (const int channel : {2, 1, 0}) {
-                picture.put(static_cast<char>(row[x * 4 + channel]));
-            }
-        }
+        picture.write(reinterpret_cast<const char*>(rgb.bytes.data() + y * rgb.pitch), width * 3);
     }
     picture.close();
     return picture ? 0 : 1;

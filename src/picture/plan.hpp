@@ -34,6 +34,8 @@ struct Plan {
     AlphaStep alpha = AlphaStep::none;
 
     Constants constants = {};
+
+    bool hasPasses() const { return compute || finish; }
 };
 
 Plan makePlan(Format source, Format destination, const Options& options, const Kernels& kernels);

@@ -37,28 +37,16 @@ size_t bytesOf(PlaneInfo plane, size_t pixels) {
 // anything.
 class Strip {
 public:
-    // Half a page away from `other`, as the processor compares addresses: by their last 12 bits. It
-    // holds up a load that seems to follow a store to the same place, and a pass that goes through
-    // two places so close would run at a third of its speed.
-    void placeAwayFrom(const uint8_t* other) {
-        const auto low = [](const uint8_t* p) { return reinterpret_cast<uintptr_t>(p) % page; };
-        shift = (low(other) + page / 2 - low(bytes[0])) % page / 64 * 64;
-    }
-
     Target target() { return {{plane(0), plane(1), plane(2), plane(3)}}; }
     Source source() { return {{plane(0), plane(1), plane(2), plane(3)}}; }
 
 private:
-    static constexpr size_t page = 4096, before = 64;
-    static constexpr size_t behind = 256;
+    static constexpr size_t before = 64, behind = 256;  // bytes
+
+    uint8_t* plane(size_t i) { return bytes[i] + before; }
+
     // A pixel takes at most 4 bytes of a plane.
-    static constexpr size_t planeBytes = before + 4 * stripPixels + behind;
-
-    uint8_t* plane(size_t i) { return bytes[0] + shift + before + i * planeBytes; }
-
-    size_t shift = 0;
-    alignas(64) uint8_t bytes[planeCount][planeBytes];
-    uint8_t roomToShift[page];
+    alignas(64) uint8_t bytes[planeCount][before + 4 * stripPixels + behind];
 };
 
 // ---- Ends of rows ----
@@ -99,6 +87,8 @@ void copyEnd(const Shape& shape, const Source& from, const Target& to, size_t pi
 // first sample of its second word, two end with the second sample of the third.
 void clearUnusedPairs(uint8_t* unit, size_t pixels) {
     const size_t pairs = (pixels + 1) / 2;
+    if (pairs == 3)
+        return;
     uint8_t* const word = unit + 4 * pairs;
     const uint32_t used = pairs == 1 ? 0x3FF : 0xFFFFF;
     for (size_t i = 0; i < 4; ++i)
@@ -123,7 +113,7 @@ public:
             const size_t rows = std::min(most, area.height - y);
             if (plan.copiesColour)
                 copyColour(y, rows);
-            else if (plan.finish || plan.compute)
+            else if (plan.hasPasses())
                 convertColour(y, rows);
             convertAlpha(y, rows);
         }
@@ -214,8 +204,6 @@ private:
             makePiece(piece, destination);
             return;
         }
-        out.placeAwayFrom(destination.target.plane[0]);
-        buffer.target = out.target();
         makePiece(piece, buffer);
         for (size_t i = 0; i < planeCount; ++i)
             for (size_t row = 0; buffer.step[i] > 0 && row < rows; ++row)
@@ -242,17 +230,9 @@ private:
 
     void runPasses(Piece piece, const Places& result) {
         const auto wordBytes = static_cast<std::ptrdiff_t>(2 * piece.pixels);
-        const uint8_t* beside = result.target.plane[0];
-        Places samples = {{}, {wordBytes, wordBytes, 0, 0}};
-        if (plan.compute && plan.finish) {
-            computed.placeAwayFrom(beside);
-            samples.target = computed.target();
-            beside = samples.target.plane[0];
-        }
-        if (plan.prepare) {
-            prepared.placeAwayFrom(beside);
+        const Places samples = {computed.target(), {wordBytes, wordBytes, 0, 0}};
+        if (plan.prepare)
             prepare(piece, {prepared.target(), {wordBytes, wordBytes, 0, 0}});
-        }
         if (plan.compute)
             run(plan.compute, piece, plan.finish ? samples : result);
         if (plan.finish)

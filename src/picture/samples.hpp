@@ -19,11 +19,12 @@ using picture::Target;
 // At 10-bit scale.
 template <class V> struct Words { V luma, chroma; };
 
-// ---- Readers: words of 10-bit scale from pixel x on ----
+// ---- Readers: words of 10-bit scale from pixel x on; and the bytes of a pair in each plane ----
 
 template <Layout> struct Reader;
 
 template <class PackedLayout> struct PackedWords {
+    static constexpr size_t pairBytes[] = {4};
     template <class V> ORVA_INLINE static V luma(const Source& from, size_t x) {
         return PackedLayout::template luma<2>(V::load(from.plane[0] + 2 * x));
     }
@@ -41,11 +42,13 @@ struct ByteLuma {
     }
 };
 template <> struct Reader<Layout::semiPlanar8> : ByteLuma {
+    static constexpr size_t pairBytes[] = {2, 2};
     template <class V> ORVA_INLINE static V chroma(const Source& from, size_t x) {
         return shiftLeft16<2>(V::loadBytesAsWords(from.plane[1] + x));
     }
 };
 template <> struct Reader<Layout::planar8> : ByteLuma {
+    static constexpr size_t pairBytes[] = {2, 1, 1};
     template <class V> ORVA_INLINE static V chroma(const Source& from, size_t x) {
         return shiftLeft32<2>(V::loadBytesAsDwords(from.plane[1] + x / 2)) |
                shiftLeft32<18>(V::loadBytesAsDwords(from.plane[2] + x / 2));
@@ -53,6 +56,7 @@ template <> struct Reader<Layout::planar8> : ByteLuma {
 };
 
 template <> struct Reader<Layout::semiPlanar10> {
+    static constexpr size_t pairBytes[] = {4, 4};
     template <class V> ORVA_INLINE static V luma(const Source& from, size_t x) {
         return shiftRight16<6>(V::load(from.plane[0] + 2 * x));
     }
@@ -61,6 +65,7 @@ template <> struct Reader<Layout::semiPlanar10> {
     }
 };
 template <> struct Reader<Layout::planar10> {
+    static constexpr size_t pairBytes[] = {4, 2, 2};
     template <class V> ORVA_INLINE static V luma(const Source& from, size_t x) {
         return V::load(from.plane[0] + 2 * x) & V::all16(0x3FF);
     }
@@ -73,6 +78,7 @@ template <> struct Reader<Layout::planar10> {
 
 // A strip of samples, which V210 is unpacked into.
 template <> struct Reader<Layout::v210> {
+    static constexpr size_t pairBytes[] = {0};  // in the cache already
     template <class V> ORVA_INLINE static V luma(const Source& from, size_t x) {
         return V::load(from.plane[0] + 2 * x);
     }

@@ -50,7 +50,11 @@ echo precious >precious
 # What may go wrong. Standard input shows only at its end that the last frame is not whole.
 refuses "unknown format 'UYVY10'" convert --from UYVY10 --to BGR32I "${size[@]}" clip.uyvy out
 refuses 'no conversion from A8P to BGR32I' convert --from A8P --to BGR32I "${size[@]}" clip.uyvy out
-refuses 'width is odd' convert --from UYVY16I --to BGR32I --size 321x66 clip.uyvy out
+refuses 'no conversion from UYVY16I to A8P' convert --from uyvy --to A8P "${size[@]}" clip.uyvy out
+refuses 'A8C has no planes' pattern --format A8C "${size[@]}" out
+huge=(--size 4294967295x4294967295)
+refuses 'V210 of 4294967295x4294967295: is too large' info --format V210 "${huge[@]}" clip.uyvy
+refuses 'BGR32I of 4294967295x4294967295: is too large' pattern --format BGR32I "${huge[@]}" out
 refuses "'322x' is not a size" convert --from UYVY16I --to BGR32I --size 322x clip.uyvy out
 refuses 'needs --size' convert --from UYVY16I --to BGR32I clip.uyvy out
 refuses 'not a whole number of frames' convert "${uyvy[@]}" partial.uyvy precious
@@ -62,7 +66,11 @@ refuses 'is a directory' convert "${uyvy[@]}" . out
 refuses 'missing/out: cannot be written' convert "${uyvy[@]}" clip.uyvy missing/out
 refuses 'cannot be written' convert "${uyvy[@]}" clip.uyvy /dev/full
 refuses '--alpha' convert "${uyvy[@]}" --alpha 256 clip.uyvy out
-refuses '--matrix' convert "${uyvy[@]}" --matrix bt2020 clip.uyvy out
+refuses "'bt2100'" convert "${uyvy[@]}" --matrix bt2100 clip.uyvy out
+refuses "'left'" convert "${uyvy[@]}" --chroma left clip.uyvy out
+refuses "'limited'" pattern --format UYVY16I "${size[@]}" --range limited out
+refuses "'yes'" convert "${uyvy[@]}" --streaming yes clip.uyvy out
+refuses '--src-range' convert "${uyvy[@]}" --range full --src-range full clip.uyvy out
 refuses 'pictures hold' pattern --format UYVY16I "${size[@]}" out.ppm
 refuses 'not a binary PPM' info --format BGR24I raw.ppm
 refuses 'same number of frames' compare --format UYVY16I "${size[@]}" clip.uyvy frame.uyvy
@@ -71,7 +79,7 @@ refuses 'subcommand' nonsense
 # Files, pipes and threads give the same frames.
 run convert "${uyvy[@]}" clip.uyvy one.bgra
 [ "$(wc -c <one.bgra)" -eq 595056 ] || complain "one.bgra has $(wc -c <one.bgra) bytes"
-run convert "${uyvy[@]}" --threads 3 --streaming clip.uyvy three.bgra
+run convert "${uyvy[@]}" --threads 3 --streaming always clip.uyvy three.bgra
 same one.bgra three.bgra
 "$orva" convert "${uyvy[@]}" - - <clip.uyvy 2>errors | cat >pipe.bgra
 same one.bgra pipe.bgra
@@ -97,22 +105,91 @@ exec 3>&-
 [ -z "$(find . -name 'unfinished*')" ] || complain "left behind: $(ls)"
 rm frames
 
-# The picture is the chart that the pattern draws in BGR32I itself, if matrix and range are right.
-# At this width its bars end between pixel pairs.
-bars=(--size 336x66)
-run pattern --format UYVY16IA8P "${bars[@]}" --frames 2 --matrix bt601 --range full full.uyvya
-run pattern --format bgra "${bars[@]}" --frames 2 clip.bgra
-for matrix in bt601 bt709; do
-    run convert --from UYVY16IA8P --to BGR32I "${bars[@]}" --matrix $matrix --range full \
-        full.uyvya $matrix.bgra
+# Matrix, range and depth reach the conversion: what it makes of the chart in RGB is the chart that
+# the pattern draws in YCbCr itself, but for two codes: the chart in RGB has been rounded to 8 bits.
+run pattern --format bgra "${size[@]}" --frames 2 clip.bgra
+for format in UYVY16IA8P V210; do
+    for matrix in bt601 bt709 bt2020; do
+        for range in studio full; do
+            colours=(--matrix "$matrix" --range "$range")
+            run pattern --format $format "${size[@]}" --frames 2 "${colours[@]}" drawn.yuv
+            run convert --from bgra --to $format "${size[@]}" "${colours[@]}" clip.bgra made.yuv
+            run compare --format $format "${size[@]}" --min-psnr 50 drawn.yuv made.yuv
+            grep -q "difference [3-9]" output && complain "$format ${colours[*]}: $(cat output)"
+        done
+    done
 done
-run compare --format BGR32I "${bars[@]}" --min-psnr 50 clip.bgra bt601.bgra
+
+# And back: with nearest chroma and bars that end between pixel pairs, as at this width, the chart
+# survives being 4:2:2, unless a matrix is wrong.
+bars=(--size 336x66)
+run pattern --format bgra "${bars[@]}" --frames 2 clip.bgra
+run convert --from bgra --to uyva "${bars[@]}" --matrix bt601 --range full --chroma nearest \
+    clip.bgra full.uyva
+back=(--from uyva --to bgra "${bars[@]}" --range full)
+run convert "${back[@]}" --matrix bt601 --chroma nearest full.uyva bt601.bgra
+run convert "${back[@]}" --matrix bt2020 --chroma nearest full.uyva bt2020.bgra
+run convert "${back[@]}" --matrix bt601 --chroma cosited full.uyva cosited.bgra
+run compare --format BGR32I "${bars[@]}" --min-psnr 45 clip.bgra bt601.bgra
 grep -q 'A  PSNR inf' output || complain "alpha: $(cat output)"
-refuses "below the wanted minimum" compare --format BGR32I "${bars[@]}" --min-psnr 50 \
-    clip.bgra bt709.bgra
+refuses 'below the wanted minimum' compare --format BGR32I "${bars[@]}" --min-psnr 45 \
+    clip.bgra bt2020.bgra
+cmp -s bt601.bgra cosited.bgra && complain '--chroma changes nothing'
 run info --format UYVY16I "${size[@]}" clip.uyvy
 grep -q 'Y   16..235' output || complain "info: $(cat output)"
-grep -q '^7 frames' output || complain "info: $(cat output)"
+grep -q '^7 frames of UYVY16I, 322x66' output || complain "info: $(cat output)"
+
+# Names that other programs use, and moves from layout to layout in both depths. 322 pixels are no
+# whole units of V210, and a row of a V210 file is a multiple of 128 bytes: 896 of them.
+run convert --from hdyc --to nv16 "${size[@]}" clip.uyvy moved.nv16
+run convert --from nv16 --to yuv422p "${size[@]}" moved.nv16 moved.yuv
+run convert --from yuv422p --to uyvy "${size[@]}" moved.yuv moved.uyvy
+same clip.uyvy moved.uyvy
+run pattern --format v210 "${size[@]}" --frames 3 clip.v210
+[ "$(wc -c <clip.v210)" -eq 177408 ] || complain "clip.v210 has $(wc -c <clip.v210) bytes"
+run convert --from v210 --to p210le "${size[@]}" clip.v210 clip.p210le
+run convert --from p210le --to yuv422p10le "${size[@]}" clip.p210le clip.yuv422p10le
+run convert --from yuv422p10le --to v210 "${size[@]}" clip.yuv422p10le moved.v210
+same clip.v210 moved.v210
+run info --format v210 "${size[@]}" clip.v210
+grep -q 'Y    64..940 ' output || complain "info: $(cat output)"
+grep -q 'Cb   64..960 .*outside 64..960' output || complain "info: $(cat output)"
+run convert --from bgrx --to bgr24 "${bars[@]}" clip.bgra moved.bgr
+run convert --from bgr24 --to bgrx "${bars[@]}" moved.bgr moved.bgra
+run compare --format bgr0 "${bars[@]}" clip.bgra moved.bgra
+[ "$(grep -c 'PSNR inf' output)" -eq 3 ] || complain "BGR: $(cat output)"
+
+# Every format holds a picture of odd width, and one that has just one pixel.
+for wxh in 33x5 1x1; do
+    for format in $("$orva" formats | sed -n 's/^  \([^ ]*\) .*/\1/p'); do
+        run pattern --format "$format" --size $wxh odd
+        run convert --from "$format" --to "$format" --size $wxh odd again
+        same odd again
+        run compare --format "$format" --size $wxh odd again
+        run info --format "$format" --size $wxh odd
+    done
+done
+
+# ffmpeg keeps 10 bits in the same bytes, in both directions. 1278 pixels do not fill the last 128
+# bytes of a V210 row.
+if command -v ffmpeg >/dev/null; then
+    theirs() {
+        ffmpeg -nostdin -v error -y "$@" || complain "ffmpeg $* ended with $?"
+    }
+    for wxh in 322x66 1278x4; do
+        run pattern --format v210 --size $wxh clip.v210
+        for format in p210le yuv422p10le; do
+            raw=(-f rawvideo -pix_fmt "$format")
+            run convert --from v210 --to $format --size $wxh clip.v210 ours
+            theirs -f v210 -video_size $wxh -i clip.v210 "${raw[@]}" theirs
+            same ours theirs
+            theirs "${raw[@]}" -video_size $wxh -i ours -c:v v210 -f rawvideo theirs
+            same clip.v210 theirs
+        done
+    done
+else
+    echo 'no ffmpeg here: not compared with it'
+fi
 
 # Pictures: one frame, numbered frames, and back.
 run convert "${uyvy[@]}" clip.uyvy first.ppm
@@ -123,10 +200,13 @@ run compare --format BGR24I --min-psnr 99 first.ppm all01.ppm
 if [ "$png" = png ]; then
     run pattern --format BGR32I "${bars[@]}" chart.png
     head -c 88704 clip.bgra >chart.bgra
-    run convert --from BGR32I --to BGR32I chart.png back.bgra
-    same chart.bgra back.bgra
-    run convert --from BGR32I --to BGR24IA8P chart.png split.png
-    run compare --format BGR32I --min-psnr 99 chart.png split.png
+    for format in bgra rgba argb abgr BGR24IA8P RGB24IA8P; do
+        run convert --from BGR32I --to $format chart.png chart.$format
+        run convert --from $format --to $format "${bars[@]}" chart.$format back.png
+        run convert --from BGR32I --to BGR32I back.png back.bgra
+        same chart.bgra back.bgra
+    done
+    run compare --format BGR32I --min-psnr 99 chart.png back.png
     refuses 'not 320x66' convert --from BGR32I --to BGR32I --size 320x66 chart.png out
 fi
 

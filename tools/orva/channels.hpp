@@ -1,4 +1,5 @@
-// Where each format keeps the samples of each of its channels.
+// The samples of an image, channel by channel. Only a few plain formats need to be known for that:
+// every format becomes one of them, and comes from it, without a sample being changed.
 #pragma once
 
 #include <orva/convert.hpp>
@@ -6,53 +7,36 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace orva::tool {
 
-enum class PlaneOf : std::uint8_t { main, chroma, alpha };
+// The plain format that keeps all samples of this one.
+Format plainFormat(Format format);
 
-// Samples come in groups of neighbours; groups are `step` bytes apart.
 struct Channel {
     std::string_view name;  // Y, Cb, Cr, B, G, R or A
-    PlaneOf plane;
-    std::uint8_t offset;  // of a row's first sample
-    std::uint8_t step;
-    std::uint8_t group = 1;
+    PlaneIndex plane;
+    std::uint8_t offset;  // samples before the channel's first one in a row
+    std::uint8_t step;    // samples from one to the next
 
     bool subsampled() const { return name.size() == 2; }  // one sample for two pixels
+
+    // How many of them a row has.
+    std::uint32_t count(std::uint32_t width) const {
+        return subsampled() ? width / 2 + width % 2 : width;
+    }
 };
 
 // The channels in the order Y Cb Cr A or B G R A.
 std::span<const Channel> channelsOf(Format format);
 
-// The samples of one channel in one row.
-template <class Byte> class Samples {
-public:
-    Samples(Byte* first, const Channel& channel)
-        : first(first + channel.offset), channel(channel) {}
+using SampleRow = std::vector<std::uint16_t>;
 
-    Byte& operator[](std::uint32_t index) const {
-        return first[std::size_t{index / channel.group} * channel.step + index % channel.group];
-    }
-
-private:
-    Byte* first;
-    const Channel& channel;
-};
-
-template <class Byte>
-const BasicPlane<Byte>& planeOf(const BasicImageView<Byte>& image, PlaneOf plane) {
-    return plane == PlaneOf::main     ? image.main
-           : plane == PlaneOf::chroma ? image.chroma
-                                      : image.alpha;
-}
-
-// Of an image whose rows run downwards, as those of Image do.
-template <class Byte>
-Samples<Byte> samplesOf(const BasicImageView<Byte>& image, const Channel& channel,
-                        std::uint32_t y) {
-    const auto& plane = planeOf(image, channel.plane);
-    return {plane.bytes.data() + static_cast<std::size_t>(plane.pitch) * y, channel};
-}
+// A row of an image of a plain format, whose rows run downwards as those of Image do.
+void readSamples(const ConstImageView& image, const Channel& channel, std::uint32_t y,
+                 SampleRow& samples);
+void writeSamples(const ImageView& image, const Channel& channel, std::uint32_t y,
+                  const SampleRow& samples);
 
 }  // namespace orva::tool

@@ -1,5 +1,5 @@
 // orva compare: how far two files of one format are apart.
-#include "channels.hpp"
+#include "channel_reader.hpp"
 #include "commands.hpp"
 #include "failure.hpp"
 
@@ -14,21 +14,23 @@ namespace {
 
 struct Difference {
     std::uint64_t samples = 0;
+    std::uint64_t different = 0;
     std::uint64_t squares = 0;
     int greatest = 0;
 
-    void add(std::byte a, std::byte b) {
-        const int difference = std::abs(static_cast<int>(a) - static_cast<int>(b));
+    void add(int a, int b) {
+        const int difference = std::abs(a - b);
         ++samples;
+        different += difference != 0;
         squares += static_cast<std::uint64_t>(difference * difference);
         greatest = std::max(greatest, difference);
     }
 
-    double psnr() const {
+    double psnr(double peak) const {
         if (squares == 0) {
             return std::numeric_limits<double>::infinity();
         }
-        return 10 * std::log10(255.0 * 255.0 * static_cast<double>(samples) /
+        return 10 * std::log10(peak * peak * static_cast<double>(samples) /
                                static_cast<double>(squares));
     }
 };
@@ -36,15 +38,13 @@ struct Difference {
 }  // namespace
 
 void runCompare(const CompareArguments& arguments) {
-    const auto first = openFrames(arguments.first, arguments.format, arguments.size);
-    const auto second = openFrames(arguments.second, arguments.format, first->size());
-    Image a = createImage(arguments.format, first->size());
-    Image b = createImage(arguments.format, first->size());
+    ChannelReader first(arguments.first, arguments.format, arguments.size);
+    ChannelReader second(arguments.second, arguments.format, first.size());
     const auto channels = channelsOf(arguments.format);
     std::array<Difference, 4> differences = {};
     for (;;) {
-        const bool more = first->next(a.view());
-        if (more != second->next(b.view())) {
+        const bool more = first.next();
+        if (more != second.next()) {
             throw Failure(arguments.first + " and " + arguments.second +
                           " do not hold the same number of frames");
         }
@@ -52,23 +52,25 @@ void runCompare(const CompareArguments& arguments) {
             break;
         }
         for (std::size_t c = 0; c < channels.size(); ++c) {
-            const std::uint32_t count = a.width() / (channels[c].subsampled() ? 2 : 1);
-            for (std::uint32_t y = 0; y < a.height(); ++y) {
-                const Samples rowA = samplesOf(std::as_const(a).view(), channels[c], y);
-                const Samples rowB = samplesOf(std::as_const(b).view(), channels[c], y);
-                for (std::uint32_t x = 0; x < count; ++x) {
-                    differences[c].add(rowA[x], rowB[x]);
+            for (std::uint32_t y = 0; y < first.size().height; ++y) {
+                const SampleRow& a = first.samples(channels[c], y);
+                const SampleRow& b = second.samples(channels[c], y);
+                for (std::size_t i = 0; i < a.size(); ++i) {
+                    differences[c].add(a[i], b[i]);
                 }
             }
         }
     }
+    const double peak = (1 << formatInfo(arguments.format).bits) - 1;
     double least = std::numeric_limits<double>::infinity();
     for (std::size_t c = 0; c < channels.size(); ++c) {
-        const double psnr = differences[c].psnr();
+        const double psnr = differences[c].psnr(peak);
         least = std::min(least, psnr);
-        std::printf("%-2.*s PSNR %.2f dB, greatest difference %d\n",
+        std::printf("%-2.*s PSNR %.2f dB, greatest difference %d, %llu of %llu samples differ\n",
                     static_cast<int>(channels[c].name.size()), channels[c].name.data(), psnr,
-                    differences[c].greatest);
+                    differences[c].greatest,
+                    static_cast<unsigned long long>(differences[c].different),
+                    static_cast<unsigned long long>(differences[c].samples));
     }
     if (arguments.minimumPsnr && least < *arguments.minimumPsnr) {
         throw Failure("a channel's PSNR is below the wanted minimum");

@@ -52,7 +52,7 @@ void runConvert(const ConvertArguments& arguments) {
     const auto& [from, to, wantedSize, options, threads, stats, input, output] = arguments;
     if (!canConvert(from, to)) {
         throw Failure("there is no conversion from " + std::string(formatInfo(from).name) + " to " +
-                      std::string(formatInfo(to).name) + "; 'orva formats' lists what there is");
+                      std::string(formatInfo(to).name) + "; 'orva formats' tells which there are");
     }
     const auto reader = openFrames(input, from, wantedSize);
     const FrameSize size = reader->size();

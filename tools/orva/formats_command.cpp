@@ -2,46 +2,26 @@
 #include "commands.hpp"
 
 #include <cstdio>
-#include <string>
 
 namespace orva::tool {
-namespace {
-
-// All but the constant alpha, which has no planes.
-bool inFiles(const FormatInfo& info) { return info.bytesPerPixel > 0; }
-
-}  // namespace
 
 void runFormats() {
-    std::puts("Formats, their other names and the bytes of a pixel in a raw file:");
+    std::puts("Formats, the bits of a sample, the bytes of a 1920x1080 frame, other names:");
     for (const FormatInfo& info : formats()) {
-        if (!inFiles(info)) {
-            continue;
+        if (inFiles(info.format)) {
+            std::printf("  %-12.*s %2d %8llu%s%.*s\n", static_cast<int>(info.name.size()),
+                        info.name.data(), info.bits,
+                        static_cast<unsigned long long>(rawFrameBytes(info.format, {1920, 1080})),
+                        info.otherNames.empty() ? "" : "  ",
+                        static_cast<int>(info.otherNames.size()), info.otherNames.data());
         }
-        std::printf("  %-11.*s %-22.*s %llu\n", static_cast<int>(info.name.size()),
-                    info.name.data(), static_cast<int>(info.otherNames.size()),
-                    info.otherNames.data(),
-                    static_cast<unsigned long long>(rawFrameBytes(info.format, {1, 1})));
     }
     std::puts(
-        "\nA raw file holds a frame's main plane, then its chroma plane, then its alpha plane.\n"
-        "\nConversions:");
-    for (const FormatInfo& source : formats()) {
-        if (!inFiles(source)) {
-            continue;
-        }
-        std::string destinations;
-        for (const FormatInfo& destination : formats()) {
-            if (canConvert(source.format, destination.format)) {
-                destinations += ' ';
-                destinations += destination.name;
-            }
-        }
-        if (!destinations.empty()) {
-            std::printf("  %-11.*s to%s\n", static_cast<int>(source.name.size()),
-                        source.name.data(), destinations.c_str());
-        }
-    }
+        "\nA raw file holds a frame's main plane, then those of its chroma, Cr and alpha. In V210\n"
+        "a row is a multiple of 128 bytes.\n"
+        "\nEvery format converts to every other, with two exceptions: alpha alone (A8P) does not\n"
+        "become colour, and colour without alpha does not become A8P. A8C, the same alpha for\n"
+        "every pixel, is a source of A8P in the library; no file holds it.");
 }
 
 }  // namespace orva::tool

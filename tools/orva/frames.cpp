@@ -7,30 +7,19 @@
 
 #include <array>
 #include <cctype>
+#include <tuple>
+#include <utility>
 
 namespace orva::tool {
 namespace {
 
-std::string sizeText(FrameSize size) {
-    return std::to_string(size.width) + "x" + std::to_string(size.height);
-}
+// What follows a row in a raw file: in V210 whole blocks of 48 pixels make a row there, as other
+// programs and capture cards have it.
+using Gap = std::array<std::byte, 128>;
 
-std::string frameText(Format format, FrameSize size) {
-    return std::string(formatInfo(format).name) + " of " + sizeText(size);
-}
-
-// Calls visit(row) for each of the frame's rows in the order of a raw file.
-template <class Byte, class Visit> void forEachRow(const BasicImageView<Byte>& image, Visit visit) {
-    const FormatInfo& info = formatInfo(image.format);
-    const auto plane = [&](const BasicPlane<Byte>& rows, std::size_t bytesPerPixel) {
-        const std::size_t rowBytes = image.width * bytesPerPixel;
-        for (std::uint32_t y = 0; rowBytes > 0 && y < image.height; ++y) {
-            visit(rows.bytes.subspan(static_cast<std::size_t>(rows.pitch) * y, rowBytes));
-        }
-    };
-    plane(image.main, info.bytesPerPixel);
-    plane(image.chroma, info.chromaPlane ? 1 : 0);
-    plane(image.alpha, info.alphaPlane ? 1 : 0);
+std::size_t gapBytes(Format format, std::uint64_t rowBytes) {
+    constexpr std::size_t block = std::tuple_size_v<Gap>;
+    return format == Format::V210 ? (block - rowBytes % block) % block : 0;
 }
 
 class RawReader final : public FrameReader {
@@ -54,12 +43,17 @@ public:
     bool next(const ImageView& image) override {
         std::uint64_t read = 0;
         bool ended = false;
-        forEachRow(image, [&](std::span<std::byte> row) {
+        const auto fill = [&](std::span<std::byte> bytes) {
             if (!ended) {
-                const std::size_t count = file.read(row);
+                const std::size_t count = file.read(bytes);
                 read += count;
-                ended = count < row.size();
+                ended = count < bytes.size();
             }
+        };
+        Gap gap;
+        forEachRow(image, [&](std::span<std::byte> row) {
+            fill(row);
+            fill(std::span(gap).first(gapBytes(format, row.size())));
         });
         total += read;
         if (ended && read > 0) {
@@ -90,7 +84,7 @@ class PictureReader final : public FrameReader {
 public:
     explicit PictureReader(const std::string& name) : picture(readPicture(name)) {}
 
-    FrameSize size() const override { return {picture.width, picture.height}; }
+    FrameSize size() const override { return {picture.width(), picture.height()}; }
 
     std::optional<std::uint64_t> count() const override { return 1; }
 
@@ -98,13 +92,13 @@ public:
         if (read) {
             return false;
         }
-        toImage(picture, image);
+        convertImage(std::as_const(picture).view(), image);
         read = true;
         return true;
     }
 
 private:
-    Picture picture;
+    Image picture;
     bool read = false;
 };
 
@@ -113,7 +107,11 @@ public:
     explicit RawWriter(const std::string& name) : file(name) {}
 
     void write(const ConstImageView& image) override {
-        forEachRow(image, [this](std::span<const std::byte> row) { file.write(row); });
+        const Gap zero = {};
+        forEachRow(image, [&](std::span<const std::byte> row) {
+            file.write(row);
+            file.write(std::span(zero).first(gapBytes(image.format, row.size())));
+        });
     }
 
     void commit() override { file.commit(); }
@@ -152,7 +150,7 @@ public:
 
     void write(const ConstImageView& image) override {
         ++written;
-        writePicture(frameName(), toPicture(image));
+        writePicture(frameName(), image);
     }
 
     bool full() const override { return !place && written > 0; }
@@ -172,39 +170,27 @@ private:
     std::uint64_t written = 0;
 };
 
-void requireSize(Format format, FrameSize size) {
-    if (formatInfo(format).bytesPerPixel == 0) {
-        throw Failure(std::string(formatInfo(format).name) + " has no planes, so no file holds it");
-    }
-    if (formatInfo(format).pixelPairs && size.width % 2 != 0) {
-        throw Failure(frameText(format, size) +
-                      ": the width is odd, and 4:2:2 formats hold whole pixel pairs");
-    }
-}
-
 void requirePictureFormat(const std::string& name, Format format) {
     if (!isPictureFormat(format)) {
-        throw Failure(name + ": pictures hold BGR32I, BGR24I or BGR24IA8P, not " +
+        throw Failure(name + ": pictures hold formats of RGB, not " +
                       std::string(formatInfo(format).name));
     }
 }
 
 }  // namespace
 
-std::uint64_t rawFrameBytes(Format format, FrameSize size) {
-    const FormatInfo& info = formatInfo(format);
-    const std::uint64_t bytesPerPixel =
-        info.bytesPerPixel + (info.chromaPlane ? 1u : 0u) + (info.alphaPlane ? 1u : 0u);
-    return bytesPerPixel * size.width * size.height;
-}
+bool inFiles(Format format) { return formatInfo(format).planes[mainPlane].unitBytes > 0; }
 
-Image createImage(Format format, FrameSize size) {
-    requireSize(format, size);
-    std::optional<Image> image = Image::create(format, size.width, size.height);
-    if (!image) {
+std::uint64_t rawFrameBytes(Format format, FrameSize size) {
+    std::uint64_t bytesOfRows = 0;  // one of each plane: all planes have as many
+    for (const PlaneIndex plane : {mainPlane, chromaPlane, crPlane, alphaPlane}) {
+        const std::uint64_t bytes = rowBytes(format, plane, size.width);
+        bytesOfRows += bytes + gapBytes(format, bytes);
+    }
+    if (bytesOfRows > UINT64_MAX / 2 / size.height) {
         throw Failure(frameText(format, size) + ": is too large");
     }
-    return std::move(*image);
+    return bytesOfRows * size.height;
 }
 
 std::unique_ptr<FrameReader> openFrames(const std::string& name, Format format,
@@ -213,7 +199,6 @@ std::unique_ptr<FrameReader> openFrames(const std::string& name, Format format,
         if (!size) {
             throw Failure(name + ": a raw file needs --size");
         }
-        requireSize(format, *size);
         return std::make_unique<RawReader>(name, format, *size);
     }
     requirePictureFormat(name, format);

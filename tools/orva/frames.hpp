@@ -1,6 +1,8 @@
-// Frames in files: raw clips, in which planes and rows follow one another without gaps (main plane,
-// chroma plane, alpha plane), and pictures of one frame.
+// Frames in files: raw clips, in which planes and rows follow one another (main, chroma, Cr, alpha)
+// without gaps but in V210, whose rows are multiples of 128 bytes, and pictures of one frame.
 #pragma once
+
+#include "images.hpp"
 
 #include <orva/convert.hpp>
 
@@ -11,16 +13,11 @@
 
 namespace orva::tool {
 
-struct FrameSize {
-    std::uint32_t width = 0;
-    std::uint32_t height = 0;
-};
+// Whether files hold the format: a constant has no planes.
+bool inFiles(Format format);
 
-// Bytes of a frame in a raw file.
+// Bytes of a frame in a raw file; fails if they are too many to count.
 std::uint64_t rawFrameBytes(Format format, FrameSize size);
-
-// An image that convert() takes with its fast kernels; fails with a reason.
-Image createImage(Format format, FrameSize size);
 
 class FrameReader {
 public:

@@ -1,21 +1,22 @@
 // orva info: what is in a file, channel by channel.
-#include "channels.hpp"
+#include "channel_reader.hpp"
 #include "commands.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
+#include <vector>
 
 namespace orva::tool {
 namespace {
 
-using Histogram = std::array<std::uint64_t, 256>;
+using Histogram = std::vector<std::uint64_t>;
 
-void print(const Channel& channel, const Histogram& counts) {
+void print(const Channel& channel, const Histogram& counts, int bits) {
     std::uint64_t all = 0, sum = 0, outside = 0;
-    std::size_t least = 255, greatest = 0;
+    std::size_t least = counts.size() - 1, greatest = 0;
     const bool luma = channel.name == "Y";
-    const std::size_t highest = luma ? 235 : 240;
+    const std::size_t studioLeast = std::size_t{16} << (bits - 8);
+    const std::size_t studioGreatest = (luma ? std::size_t{235} : 240) << (bits - 8);
     for (std::size_t value = 0; value < counts.size(); ++value) {
         if (counts[value] > 0) {
             least = std::min(least, value);
@@ -23,14 +24,16 @@ void print(const Channel& channel, const Histogram& counts) {
         }
         all += counts[value];
         sum += counts[value] * value;
-        outside += value < 16 || value > highest ? counts[value] : 0;
+        outside += value < studioLeast || value > studioGreatest ? counts[value] : 0;
     }
-    std::printf("  %-2.*s %3zu..%-3zu mean %6.2f", static_cast<int>(channel.name.size()),
-                channel.name.data(), least, greatest,
+    const int digits = bits > 8 ? 4 : 3;
+    std::printf("  %-2.*s %*zu..%-*zu mean %*.2f", static_cast<int>(channel.name.size()),
+                channel.name.data(), digits, least, digits, greatest, digits + 3,
                 static_cast<double>(sum) / static_cast<double>(std::max<std::uint64_t>(all, 1)));
     if (luma || channel.subsampled()) {
-        std::printf("  %.3f %% outside 16..%zu",
-                    100.0 * static_cast<double>(outside) / static_cast<double>(all), highest);
+        std::printf("  %.3f %% outside %zu..%zu",
+                    100.0 * static_cast<double>(outside) / static_cast<double>(all), studioLeast,
+                    studioGreatest);
     }
     std::printf("\n");
 }
@@ -38,28 +41,25 @@ void print(const Channel& channel, const Histogram& counts) {
 }  // namespace
 
 void runInfo(const InfoArguments& arguments) {
-    const auto reader = openFrames(arguments.file, arguments.format, arguments.size);
-    Image image = createImage(arguments.format, reader->size());
+    ChannelReader reader(arguments.file, arguments.format, arguments.size);
+    const FormatInfo& info = formatInfo(arguments.format);
     const auto channels = channelsOf(arguments.format);
-    std::array<Histogram, 4> histograms = {};
+    std::vector<Histogram> histograms(channels.size(), Histogram(std::size_t{1} << info.bits));
     std::uint64_t frames = 0;
-    for (; reader->next(image.view()); ++frames) {
+    for (; reader.next(); ++frames) {
         for (std::size_t c = 0; c < channels.size(); ++c) {
-            const std::uint32_t count = image.width() / (channels[c].subsampled() ? 2 : 1);
-            for (std::uint32_t y = 0; y < image.height(); ++y) {
-                const Samples row = samplesOf(std::as_const(image).view(), channels[c], y);
-                for (std::uint32_t x = 0; x < count; ++x) {
-                    ++histograms[c][static_cast<std::size_t>(row[x])];
+            for (std::uint32_t y = 0; y < reader.size().height; ++y) {
+                for (const std::uint16_t sample : reader.samples(channels[c], y)) {
+                    ++histograms[c][sample];
                 }
             }
         }
     }
-    const auto name = formatInfo(arguments.format).name;
-    std::printf("%llu %s of %.*s, %ux%u\n", static_cast<unsigned long long>(frames),
-                frames == 1 ? "frame" : "frames", static_cast<int>(name.size()), name.data(),
-                static_cast<unsigned>(image.width()), static_cast<unsigned>(image.height()));
+    std::printf("%llu %s of %.*s, %s\n", static_cast<unsigned long long>(frames),
+                frames == 1 ? "frame" : "frames", static_cast<int>(info.name.size()),
+                info.name.data(), sizeText(reader.size()).c_str());
     for (std::size_t c = 0; c < channels.size(); ++c) {
-        print(channels[c], histograms[c]);
+        print(channels[c], histograms[c], info.bits);
     }
 }
 

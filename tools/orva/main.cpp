@@ -5,10 +5,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <exception>
-#include <map>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -24,6 +25,9 @@ void parseFormat(const std::string& text, Format& format) {
     const auto named = formatNamed(text);
     if (!named) {
         throw CLI::ValidationError("unknown format '" + text + "'; 'orva formats' lists them");
+    }
+    if (!inFiles(*named)) {
+        throw CLI::ValidationError(text + " has no planes, so no file holds it");
     }
     format = *named;
 }
@@ -61,7 +65,7 @@ template <class Size> CLI::Option* addSize(CLI::App* command, Size& size, const 
         ->type_name("WxH");
 }
 
-template <class Value> using Choices = std::map<std::string, Value>;
+template <class Value> using Choices = std::vector<std::pair<std::string, Value>>;
 
 // One of several words, which goes to every target.
 template <class Value>
@@ -75,7 +79,8 @@ CLI::Option* addChoice(CLI::App* command, const std::string& name, const Choices
         ->add_option_function<std::string>(
             name,
             [=](const std::string& text) {
-                const auto found = choices.find(text);
+                const auto found =
+                    std::ranges::find(choices, text, &std::pair<std::string, Value>::first);
                 if (found == choices.end()) {
                     throw CLI::ValidationError(name + " is one of " + words + ", not '" + text +
                                                "'");
@@ -88,6 +93,19 @@ CLI::Option* addChoice(CLI::App* command, const std::string& name, const Choices
         ->type_name(words);
 }
 
+// --src-NAME of a YCbCr IN, --dst-NAME of a YCbCr OUT, --NAME of both.
+template <class Value>
+void addForBoth(CLI::App* command, const std::string& name, const Choices<Value>& choices,
+                Value& source, Value& destination, const std::string& what,
+                const std::string& usual) {
+    const std::string src = "--src-" + name, dst = "--dst-" + name;
+    addChoice(command, src, choices, {&source}, what + " of a YCbCr IN (" + usual + ")");
+    addChoice(command, dst, choices, {&destination}, what + " of a YCbCr OUT (" + usual + ")");
+    addChoice(command, "--" + name, choices, {&source, &destination}, what + " of IN and OUT")
+        ->excludes(src)
+        ->excludes(dst);
+}
+
 // A whole number within bounds; the help shows only the name.
 template <class Number>
 CLI::Option* addNumber(CLI::App* command, const std::string& name, Number& value, Number least,
@@ -97,12 +115,17 @@ CLI::Option* addNumber(CLI::App* command, const std::string& name, Number& value
         ->type_name(shown);
 }
 
-const Choices<Matrix> matrices = {{"bt601", Matrix::bt601}, {"bt709", Matrix::bt709}};
+const Choices<Matrix> matrices = {
+    {"bt601", Matrix::bt601}, {"bt709", Matrix::bt709}, {"bt2020", Matrix::bt2020}};
 const Choices<Range> ranges = {{"studio", Range::studio}, {"full", Range::full}};
+const Choices<Chroma> sitings = {{"cosited", Chroma::cosited}, {"nearest", Chroma::nearest}};
+const Choices<Streaming> streamings = {{"automatic", Streaming::automatic},
+                                       {"never", Streaming::never},
+                                       {"always", Streaming::always}};
 
 const char* const fileHelp =
-    "A raw file holds frames without gaps; '-' is standard input or output. Files that end in\n"
-    ".png or .ppm are pictures, for BGR formats: a picture keeps a clip's first frame, or all\n"
+    "A raw file holds frame after frame; '-' is standard input or output. Files that end in\n"
+    ".png or .ppm are pictures, for RGB formats: a picture keeps a clip's first frame, or all\n"
     "frames if its name holds a number such as %04d.";
 
 void addConvert(CLI::App& app, ConvertArguments& arguments) {
@@ -112,17 +135,13 @@ void addConvert(CLI::App& app, ConvertArguments& arguments) {
     addFormat(command, "--to", arguments.to, "Format of OUT")->required();
     addSize(command, arguments.size, "Size of a frame; pictures bring their own");
     Options& options = arguments.options;
-    Matrix* const source = &options.srcMatrix;
-    Matrix* const destination = &options.dstMatrix;
-    addChoice(command, "--src-matrix", matrices, {source}, "Matrix of a YCbCr IN (bt709)");
-    addChoice(command, "--dst-matrix", matrices, {destination}, "Matrix of a YCbCr OUT (bt709)");
-    addChoice(command, "--matrix", matrices, {source, destination}, "Matrix of both")
-        ->excludes("--src-matrix")
-        ->excludes("--dst-matrix");
-    addChoice(command, "--range", ranges, {&options.range}, "Luma range of YCbCr (studio)");
-    command->add_flag("--clamp", options.clampStudio, "Clamp luma to 16..235");
+    addForBoth(command, "matrix", matrices, options.srcMatrix, options.dstMatrix, "Matrix",
+               "bt709");
+    addForBoth(command, "range", ranges, options.srcRange, options.dstRange, "Range", "studio");
+    addChoice(command, "--chroma", sitings, {&options.chroma}, "Where 4:2:2 chroma lies (cosited)");
     addNumber(command, "--alpha", options.alpha, 0, 255, "Alpha where IN has none (255)", "0..255");
-    command->add_flag("--streaming", options.streaming, "Write frames past the cache");
+    addChoice(command, "--streaming", streamings, {&options.streaming},
+              "Whether frames are written past the cache (automatic)");
     addNumber(command, "--threads", arguments.threads, 1u, 256u, "Frames converted at once (1)",
               "N");
     command->add_flag("--stats", arguments.stats, "Tell the speed when done");
@@ -139,7 +158,7 @@ void addPattern(CLI::App& app, PatternArguments& arguments) {
     addNumber(command, "--frames", arguments.frames, std::uint32_t{1}, std::uint32_t{1000000},
               "Number of frames (1)", "N");
     addChoice(command, "--matrix", matrices, {&arguments.matrix}, "Matrix of a YCbCr OUT (bt709)");
-    addChoice(command, "--range", ranges, {&arguments.range}, "Luma range of a YCbCr OUT (studio)");
+    addChoice(command, "--range", ranges, {&arguments.range}, "Range of a YCbCr OUT (studio)");
     command->add_option("OUT", arguments.output, "File to write")->required();
     command->callback([&arguments] { runPattern(arguments); });
 }

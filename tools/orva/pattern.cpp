@@ -81,74 +81,91 @@ private:
     std::array<double, 1024> wave;
 };
 
-std::byte toByte(double value) {
-    return static_cast<std::byte>(std::lround(std::clamp(value, 0.0, 255.0)));
-}
-
-// A pixel's luma and colour differences from the definitions of BT.601 and BT.709.
-class ToYcbcr {
-public:
-    ToYcbcr(Matrix matrix, Range range)
-        : red(matrix == Matrix::bt601 ? 0.299 : 0.2126),
-          blue(matrix == Matrix::bt601 ? 0.114 : 0.0722),
-          lumaScale(range == Range::full ? 1 : 219.0 / 255),
-          lumaOffset(range == Range::full ? 0 : 16) {}
-
-    double luma(const Pixel& p) const { return lumaOffset + lumaScale * weighted(p); }
-    double cb(const Pixel& p) const { return chroma(p.blue - weighted(p), blue); }
-    double cr(const Pixel& p) const { return chroma(p.red - weighted(p), red); }
-
-private:
-    double weighted(const Pixel& p) const {
-        return red * p.red + (1 - red - blue) * p.green + blue * p.blue;
-    }
-    static double chroma(double difference, double weight) {
-        return 128 + 112.0 / 255 * difference / (1 - weight);
-    }
-
-    double red, blue, lumaScale, lumaOffset;
+struct Weights {
+    double red, blue;
 };
 
-double sample(const Channel& channel, const Pixel& pixel, const ToYcbcr& convert) {
-    switch (channel.name.front()) {
-    case 'B':
-        return pixel.blue;
-    case 'G':
-        return pixel.green;
-    case 'R':
-        return pixel.red;
-    case 'A':
-        return pixel.alpha;
-    case 'Y':
-        return convert.luma(pixel);
+constexpr Weights weightsOf(Matrix matrix) {
+    switch (matrix) {
+    case Matrix::bt601:
+        return {0.299, 0.114};
+    case Matrix::bt709:
+        return {0.2126, 0.0722};
     default:
-        return channel.name == "Cb" ? convert.cb(pixel) : convert.cr(pixel);
+        return {0.2627, 0.0593};
     }
 }
+
+// A pixel's codes from the definitions of BT.601, BT.709 and BT.2020.
+class Codes {
+public:
+    Codes(Matrix matrix, Range range, int bits)
+        : weights(weightsOf(matrix)), full(range == Range::full), bits(bits) {}
+
+    double of(const Channel& channel, const Pixel& pixel) const {
+        switch (channel.name.front()) {
+        case 'B':
+            return pixel.blue;
+        case 'G':
+            return pixel.green;
+        case 'R':
+            return pixel.red;
+        case 'A':
+            return pixel.alpha;
+        case 'Y':
+            return luma(pixel);
+        default:
+            return channel.name == "Cb" ? chroma(pixel.blue - grey(pixel), weights.blue)
+                                        : chroma(pixel.red - grey(pixel), weights.red);
+        }
+    }
+
+    std::uint16_t round(double code) const {
+        return static_cast<std::uint16_t>(std::lround(std::clamp(code, 0.0, greatest())));
+    }
+
+private:
+    double grey(const Pixel& p) const {
+        return weights.red * p.red + (1 - weights.red - weights.blue) * p.green +
+               weights.blue * p.blue;
+    }
+    double luma(const Pixel& p) const {
+        return full ? grey(p) / 255 * greatest() : std::ldexp(16 + grey(p) / 255 * 219, bits - 8);
+    }
+    double chroma(double difference, double weight) const {
+        const double c = difference / 255 / (2 * (1 - weight));
+        return full ? std::ldexp(1, bits - 1) + c * greatest()
+                    : std::ldexp(128 + c * 224, bits - 8);
+    }
+    double greatest() const { return std::ldexp(1, bits) - 1; }
+
+    Weights weights;
+    bool full;
+    int bits;
+};
 
 }  // namespace
 
 void drawChart(const ImageView& image, std::uint32_t frame, Matrix matrix, Range range) {
     const Chart chart(image.width, image.height, frame);
-    const ToYcbcr convert(matrix, range);
+    const Codes codes(matrix, range, formatInfo(image.format).bits);
     std::vector<Pixel> pixels(image.width);
+    SampleRow samples;
     for (std::uint32_t y = 0; y < image.height; ++y) {
         for (std::uint32_t x = 0; x < image.width; ++x) {
             pixels[x] = chart.at(x, y);
         }
         for (const Channel& channel : channelsOf(image.format)) {
-            const Samples row = samplesOf(image, channel, y);
-            if (channel.subsampled()) {
-                for (std::uint32_t x = 0; x + 1 < image.width; x += 2) {
-                    row[x / 2] = toByte((sample(channel, pixels[x], convert) +
-                                         sample(channel, pixels[x + 1], convert)) /
-                                        2);
-                }
-            } else {
-                for (std::uint32_t x = 0; x < image.width; ++x) {
-                    row[x] = toByte(sample(channel, pixels[x], convert));
-                }
+            const auto code = [&](std::uint32_t x) { return codes.of(channel, pixels[x]); };
+            samples.resize(channel.count(image.width));
+            for (std::uint32_t i = 0; i < samples.size(); ++i) {
+                const std::uint32_t x = i * 2;
+                samples[i] = codes.round(channel.subsampled()
+                                             ? code(x > 0 ? x - 1 : 0) / 4 + code(x) / 2 +
+                                                   code(std::min(x + 1, image.width - 1)) / 4
+                                             : code(i));
             }
+            writeSamples(image, channel, y, samples);
         }
     }
 }

@@ -8,9 +8,9 @@
 
 namespace orva::tool {
 
-// Draws frame number `frame` of the chart: colour bars, ramps of grey, red, green, blue and alpha,
-// a zone plate and a marker that crosses the picture. Full range is the library's: luma from 0 to
-// 255 and chroma from 16 to 240.
+// Draws frame number `frame` of the chart into an image of a plain format: colour bars, ramps of
+// grey, red, green, blue and alpha, a zone plate and a marker that crosses the picture. Chroma is
+// cosited.
 void drawChart(const ImageView& image, std::uint32_t frame, Matrix matrix, Range range);
 
 }  // namespace orva::tool

@@ -1,16 +1,21 @@
 // orva pattern: writes the test chart.
+#include "channels.hpp"
 #include "commands.hpp"
 #include "pattern.hpp"
 #include "progress.hpp"
+
+#include <utility>
 
 namespace orva::tool {
 
 void runPattern(const PatternArguments& arguments) {
     Image image = createImage(arguments.format, arguments.size);
+    Image chart = createImage(plainFormat(arguments.format), arguments.size);
     const auto writer = createFrames(arguments.output, arguments.format);
     Progress progress(arguments.frames);
     for (std::uint32_t frame = 0; frame < arguments.frames && !writer->full(); ++frame) {
-        drawChart(image.view(), frame, arguments.matrix, arguments.range);
+        drawChart(chart.view(), frame, arguments.matrix, arguments.range);
+        convertImage(std::as_const(chart).view(), image.view());
         writer->write(std::as_const(image).view());
         progress.show(frame + 1);
     }

@@ -1,15 +1,15 @@
-// Pictures and images: which file format, and where each pixel's bytes are.
+// Pictures: which file format, and from and to its order of bytes.
 #include "picture.hpp"
 
-#include "channels.hpp"
-#include "failure.hpp"
 #include "files.hpp"
+#include "images.hpp"
 #include "png.hpp"
 #include "ppm.hpp"
 
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <utility>
 
 namespace orva::tool {
 namespace {
@@ -27,53 +27,21 @@ bool isPng(const std::string& name) { return extensionOf(name) == ".png"; }
 
 bool isPictureName(const std::string& name) { return isPng(name) || extensionOf(name) == ".ppm"; }
 
-bool isPictureFormat(Format format) {
-    return format == Format::BGR32I || formatInfo(format).colour == Format::BGR24I;
-}
+bool isPictureFormat(Format format) { return formatInfo(format).model == Model::rgb; }
 
-Picture readPicture(const std::string& name) {
+Image readPicture(const std::string& name) {
     InputFile file(name);
     return isPng(name) ? readPng(file) : readPpm(file);
 }
 
-void writePicture(const std::string& name, const Picture& picture) {
+void writePicture(const std::string& name, const ConstImageView& image) {
+    const bool alpha = isPng(name) && formatInfo(image.format).hasAlpha;
+    Image picture =
+        createImage(alpha ? Format::RGB32I : Format::RGB24I, {image.width, image.height});
+    convertImage(image, picture.view());
     OutputFile file(name);
-    if (isPng(name)) {
-        writePng(file, picture);
-    } else {
-        writePpm(file, picture);
-    }
+    (isPng(name) ? writePng : writePpm)(file, std::as_const(picture).view());
     file.commit();
-}
-
-Picture toPicture(const ConstImageView& image) {
-    const auto channels = channelsOf(image.format);
-    Picture picture{image.width, image.height, channels.size() == 4, {}};
-    picture.bytes.resize(std::size_t{image.width} * image.height * picture.bytesPerPixel());
-    for (std::size_t c = 0; c < channels.size(); ++c) {
-        std::byte* out = picture.bytes.data() + c;
-        for (std::uint32_t y = 0; y < image.height; ++y) {
-            const Samples row = samplesOf(image, channels[c], y);
-            for (std::uint32_t x = 0; x < image.width; ++x, out += picture.bytesPerPixel()) {
-                *out = row[x];
-            }
-        }
-    }
-    return picture;
-}
-
-void toImage(const Picture& picture, const ImageView& image) {
-    const auto channels = channelsOf(image.format);
-    for (std::size_t c = 0; c < channels.size(); ++c) {
-        const bool opaque = c >= picture.bytesPerPixel();
-        const std::byte* in = picture.bytes.data() + (opaque ? 0 : c);
-        for (std::uint32_t y = 0; y < image.height; ++y) {
-            const Samples row = samplesOf(image, channels[c], y);
-            for (std::uint32_t x = 0; x < image.width; ++x, in += picture.bytesPerPixel()) {
-                row[x] = opaque ? std::byte{255} : *in;
-            }
-        }
-    }
 }
 
 }  // namespace orva::tool

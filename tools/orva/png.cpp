@@ -2,6 +2,7 @@
 #include "png.hpp"
 
 #include "failure.hpp"
+#include "images.hpp"
 
 #if ORVA_HAVE_PNG
 #include <png.h>
@@ -26,39 +27,41 @@ struct PngImage : png_image {
 
 }  // namespace
 
-Picture readPng(InputFile& file) {
-    PngImage image;
-    if (!png_image_begin_read_from_stdio(&image, file.stream())) {
-        fail(file.name(), image);
+Image readPng(InputFile& file) {
+    PngImage png;
+    if (!png_image_begin_read_from_stdio(&png, file.stream())) {
+        fail(file.name(), png);
     }
     // Alpha is kept where there is any: without it, libpng would blend onto a background.
-    const bool alpha = (image.format & PNG_FORMAT_FLAG_ALPHA) != 0;
-    image.format = alpha ? PNG_FORMAT_BGRA : PNG_FORMAT_BGR;
-    Picture picture{image.width, image.height, alpha, {}};
-    picture.bytes.resize(PNG_IMAGE_SIZE(image));
-    if (!png_image_finish_read(&image, nullptr, picture.bytes.data(), 0, nullptr)) {
-        fail(file.name(), image);
+    const bool alpha = (png.format & PNG_FORMAT_FLAG_ALPHA) != 0;
+    png.format = alpha ? PNG_FORMAT_RGBA : PNG_FORMAT_RGB;
+    Image image = createImage(alpha ? Format::RGB32I : Format::RGB24I, {png.width, png.height});
+    const Plane rows = image.view().main;
+    if (!png_image_finish_read(&png, nullptr, rows.bytes.data(),
+                               static_cast<png_int_32>(rows.pitch), nullptr)) {
+        fail(file.name(), png);
     }
-    return picture;
+    return image;
 }
 
-void writePng(OutputFile& file, const Picture& picture) {
-    PngImage image;
-    image.width = picture.width;
-    image.height = picture.height;
-    image.format = picture.alpha ? PNG_FORMAT_BGRA : PNG_FORMAT_BGR;
-    if (!png_image_write_to_stdio(&image, file.stream(), 0, picture.bytes.data(), 0, nullptr)) {
-        fail(file.name(), image);
+void writePng(OutputFile& file, const ConstImageView& image) {
+    PngImage png;
+    png.width = image.width;
+    png.height = image.height;
+    png.format = image.format == Format::RGB32I ? PNG_FORMAT_RGBA : PNG_FORMAT_RGB;
+    if (!png_image_write_to_stdio(&png, file.stream(), 0, image.main.bytes.data(),
+                                  static_cast<png_int_32>(image.main.pitch), nullptr)) {
+        fail(file.name(), png);
     }
 }
 
 #else
 
-Picture readPng(InputFile& file) {
+Image readPng(InputFile& file) {
     throw Failure(file.name() + ": this program was built without PNG; use .ppm");
 }
 
-void writePng(OutputFile& file, const Picture&) {
+void writePng(OutputFile& file, const ConstImageView&) {
     throw Failure(file.name() + ": this program was built without PNG; use .ppm");
 }
 

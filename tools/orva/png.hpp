@@ -2,11 +2,13 @@
 #pragma once
 
 #include "files.hpp"
-#include "picture.hpp"
+
+#include <orva/convert.hpp>
 
 namespace orva::tool {
 
-Picture readPng(InputFile& file);
-void writePng(OutputFile& file, const Picture& picture);
+// RGB32I, or RGB24I where the file has no alpha.
+Image readPng(InputFile& file);
+void writePng(OutputFile& file, const ConstImageView& image);
 
 }  // namespace orva::tool

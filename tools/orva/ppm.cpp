@@ -2,10 +2,9 @@
 #include "ppm.hpp"
 
 #include "failure.hpp"
+#include "images.hpp"
 
-#include <array>
 #include <cctype>
-#include <utility>
 
 namespace orva::tool {
 namespace {
@@ -60,50 +59,35 @@ private:
     InputFile& file;
 };
 
-// RGB is BGR with the outer bytes exchanged.
-void swapRedAndBlue(std::vector<std::byte>& pixels) {
-    for (std::size_t i = 0; i + 2 < pixels.size(); i += 3) {
-        std::swap(pixels[i], pixels[i + 2]);
-    }
-}
-
 }  // namespace
 
-Picture readPpm(InputFile& file) {
+Image readPpm(InputFile& file) {
     HeaderReader header(file);
     header.expectMagic();
-    Picture picture;
-    picture.width = header.number();
-    picture.height = header.number();
+    FrameSize size;
+    size.width = header.number();
+    size.height = header.number();
     if (header.number() != 255) {
         throw Failure(file.name() + ": has not one byte per channel (maximum value 255)");
     }
-    const std::uint64_t size = std::uint64_t{picture.width} * picture.height * 3;
-    if (size == 0 || (file.size() && size > *file.size())) {
+    const std::uint64_t bytes = std::uint64_t{size.width} * size.height * 3;
+    if (bytes == 0 || (file.size() && bytes > *file.size())) {
         throw Failure(file.name() + ": ends before its last pixel");
     }
-    picture.bytes.resize(static_cast<std::size_t>(size));
-    if (file.read(picture.bytes) != picture.bytes.size()) {
-        throw Failure(file.name() + ": ends before its last pixel");
-    }
-    swapRedAndBlue(picture.bytes);
-    return picture;
+    Image image = createImage(Format::RGB24I, size);
+    forEachRow(image.view(), [&file](std::span<std::byte> row) {
+        if (file.read(row) != row.size()) {
+            throw Failure(file.name() + ": ends before its last pixel");
+        }
+    });
+    return image;
 }
 
-void writePpm(OutputFile& file, const Picture& picture) {
+void writePpm(OutputFile& file, const ConstImageView& image) {
     const std::string header =
-        "P6\n" + std::to_string(picture.width) + ' ' + std::to_string(picture.height) + "\n255\n";
+        "P6\n" + std::to_string(image.width) + ' ' + std::to_string(image.height) + "\n255\n";
     file.write(std::as_bytes(std::span(header)));
-    std::vector<std::byte> row(std::size_t{picture.width} * 3);
-    const std::byte* in = picture.bytes.data();
-    for (std::uint32_t y = 0; y < picture.height; ++y) {
-        for (std::size_t x = 0; x < row.size(); x += 3, in += picture.bytesPerPixel()) {
-            row[x] = in[2];
-            row[x + 1] = in[1];
-            row[x + 2] = in[0];
-        }
-        file.write(row);
-    }
+    forEachRow(image, [&file](std::span<const std::byte> row) { file.write(row); });
 }
 
 }  // namespace orva::tool

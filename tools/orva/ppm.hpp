@@ -1,14 +1,13 @@
-// Binary PPM files (P6) with one byte per channel.
+// Binary PPM files (P6) with one byte per channel, as RGB24I.
 #pragma once
 
 #include "files.hpp"
-#include "picture.hpp"
+
+#include <orva/convert.hpp>
 
 namespace orva::tool {
 
-Picture readPpm(InputFile& file);
-
-// Leaves alpha out.
-void writePpm(OutputFile& file, const Picture& picture);
+Image readPpm(InputFile& file);
+void writePpm(OutputFile& file, const ConstImageView& image);
 
 }  // namespace orva::tool

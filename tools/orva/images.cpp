@@ -1,0 +1,33 @@
+// The library's images and conversion, with failures in place of empty images and results.
+#include "images.hpp"
+
+#include "failure.hpp"
+
+#include <utility>
+
+namespace orva::tool {
+
+std::string sizeText(FrameSize size) {
+    return std::to_string(size.width) + "x" + std::to_string(size.height);
+}
+
+std::string frameText(Format format, FrameSize size) {
+    return std::string(formatInfo(format).name) + " of " + sizeText(size);
+}
+
+Image createImage(Format format, FrameSize size) {
+    std::optional<Image> image = Image::create(format, size.width, size.height);
+    if (!image) {
+        throw Failure(frameText(format, size) + ": is too large");
+    }
+    return std::move(*image);
+}
+
+void convertImage(const ConstImageView& source, const ImageView& destination,
+                  const Options& options) {
+    if (const Result result = convert(source, destination, options); !result) {
+        throw Failure(result.describe());
+    }
+}
+
+}  // namespace orva::tool
