@@ -9,9 +9,16 @@
 namespace orva {
 namespace {
 
-// From this many bytes read and written on, streaming pays: less stays in the caches until it is
-// read again.
+// From this many bytes read and written on, copies past the cache pay: less stays in the caches
+// until it is read again.
 constexpr std::uint64_t streamedBytes = std::uint64_t{4} << 20;
+
+// Rows that are only copied or filled go straight past the cache. What passes make takes a detour
+// through a buffer for it, which costs about what it saves.
+bool streams(Streaming wish, const picture::Plan& plan, std::uint64_t bytes) {
+    return wish == Streaming::always ||
+           (wish == Streaming::automatic && !plan.hasPasses() && bytes >= streamedBytes);
+}
 
 template <class Byte>
 using ByteLike = std::conditional_t<std::is_const_v<Byte>, const std::uint8_t, std::uint8_t>;
@@ -56,18 +63,15 @@ Result convert(const ConstImageView& source, const ImageView& destination, const
     if (source.width == 0 || height == 0) {
         return {};
     }
-    const bool streaming = options.streaming == Streaming::always ||
-                           (options.streaming == Streaming::automatic &&
-                            bytesOf(source.format, source.width, height) +
-                                    bytesOf(destination.format, source.width, height) >=
-                                streamedBytes);
     const picture::Kernels& kernels = *picture::activeKernels;
     const picture::Plan plan =
         picture::makePlan(source.format, destination.format, options, kernels);
+    const std::uint64_t bytes = bytesOf(source.format, source.width, height) +
+                                bytesOf(destination.format, source.width, height);
     picture::convertRows(
         plan, kernels,
         {rowsOf(source, rows.first), rowsOf(destination, rows.first), source.width, height},
-        streaming);
+        streams(options.streaming, plan, bytes));
     if (&kernels != picture::tables[0].kernels) {
         leaveWideRegisters();
     }
