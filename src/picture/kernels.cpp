@@ -36,6 +36,14 @@ ORVA_INLINE void fetchAhead(const uint8_t* at, size_t bytes) {
         __builtin_prefetch(at + distance + i);
 }
 
+template <class Reader> ORVA_INLINE void fetchBlockAhead(const Source& from, size_t x) {
+    size_t plane = 0;
+    for (const size_t pairBytes : Reader::pairBytes) {
+        fetchAhead(from.plane[plane] + x / 2 * pairBytes, block / 2 * pairBytes);
+        ++plane;
+    }
+}
+
 // Calls convert(from, to, x) for every block of every row.
 template <class Convert> ORVA_INLINE void forBlocks(const Piece& piece, Convert convert) {
     forRows(piece, [&](const Source& from, const Target& to) {
@@ -56,8 +64,7 @@ ORVA_INLINE void fromYcbcr(const Piece& piece, Convert convert, Put put) {
         const auto second = convert(In::template luma<Wide>(from, x + half),
                                     Up::template take<In, last>(from, x + half), from, x + half);
         put(to, x, first, second);
-        for (size_t i = 0; i < sizeof In::pairBytes / sizeof In::pairBytes[0]; ++i)
-            fetchAhead(from.plane[i] + x / 2 * In::pairBytes[i], block / 2 * In::pairBytes[i]);
+        fetchBlockAhead<In>(from, x);
     };
     const size_t inner = piece.rowEnd ? (piece.pixels - 1) / block * block : piece.pixels;
     forRows(piece, [&](const Source& from, const Target& to) {
@@ -96,6 +103,18 @@ template <Layout layout, class Up> void toSamples(const Piece& piece, const Cons
         });
 }
 
+template <Layout layout> void unpack(const Piece& piece, const Constants&) {
+    using In = Reader<layout>;
+    forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
+        const auto take = [&](size_t at) {
+            return Words<Wide>{In::template luma<Wide>(from, at),
+                               In::template chroma<Wide>(from, at)};
+        };
+        fetchBlockAhead<In>(from, x);
+        Writer<Layout::v210>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
+    });
+}
+
 // ---- From pixels ----
 
 template <PixelKind kind, class Down, Layout layout, bool alphaPlane>
@@ -120,10 +139,10 @@ void fromPixels(const Piece& piece, const Constants& c) {
 // ---- From samples ----
 
 template <Layout layout> void fromSamples(const Piece& piece, const Constants&) {
-    using Strip = Reader<Layout::v210>;
     forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
         const auto take = [&](size_t at) {
-            return Words<Wide>{Strip::luma<Wide>(from, at), Strip::chroma<Wide>(from, at)};
+            return Words<Wide>{Wide::load(from.plane[0] + 2 * at),
+                               Wide::load(from.plane[1] + 2 * at)};
         };
         Writer<layout>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
     });
@@ -146,7 +165,7 @@ template <class Many, class One> ORVA_INLINE void forUnits(const Piece& piece, M
     });
 }
 
-void unpackV210(const Piece& piece, const Constants&) {
+template <> void unpack<Layout::v210>(const Piece& piece, const Constants&) {
     const auto put = [](const Twelves<Wide>& words, uint8_t* to) {
         words.first.store(to);
         words.second.store(to + Wide::bytes);
@@ -301,7 +320,7 @@ constexpr picture::Kernels makeKernels(Layouts<all...>, Layouts<bytes...>) {
     k.block = block;
     (addLayout<Layout(all), CositedUp, CositedDown>(k, size_t(Chroma::cosited)), ...);
     (addLayout<Layout(all), NearestUp, NearestDown>(k, size_t(Chroma::nearest)), ...);
-    k.unpackV210 = unpackV210;
+    ((k.unpack[all] = unpack<Layout(all)>), ...);
     ((k.fromSamples[all] = fromSamples<Layout(all)>), ...);
     (addMovesFrom<Layout(bytes)>(k, Layouts<bytes...>()), ...);
     k.reorderPairs = reorderPairs;

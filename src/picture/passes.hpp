@@ -66,8 +66,9 @@ struct Kernels {
     // plane.
     Pass fromPixels[pixelKinds][2][layoutCount][2];
 
-    // V210's units to samples of 10 bits; exactly the units that hold the pixels are read.
-    Pass unpackV210;
+    // YCbCr to samples at 10-bit scale as they are. Of V210, exactly the units that hold the pixels
+    // are read.
+    Pass unpack[layoutCount];
     // Samples to what a destination holds, bounded. Of V210, exactly the units are written.
     Pass fromSamples[layoutCount];
 

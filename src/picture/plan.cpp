@@ -99,19 +99,16 @@ public:
           chroma(static_cast<size_t>(options.chroma)), cosited(options.chroma == Chroma::cosited) {}
 
     Plan colour() {
-        const bool sameCoding = source.matrix == destination.matrix &&
-                                source.range == destination.range &&
-                                source.info.bits == destination.info.bits;
         if (source.isRgb() && destination.isRgb())
             betweenRgb();
         else if (source.isRgb())
             fromRgb();
         else if (destination.isRgb())
             toRgb();
-        else if (sameCoding)
-            moveYcbcr();
+        else if (source.matrix != destination.matrix || source.range != destination.range)
+            computeYcbcr();
         else
-            betweenYcbcr();
+            moveYcbcr();
         return plan;
     }
 
@@ -142,15 +139,17 @@ private:
         plan.readsNeighbours = cosited;
     }
 
+    // Studio codes of 10 bits are 4 times those of 8, which is how passes have them anyway.
     void moveYcbcr() {
         const Layout from = source.layout(), to = destination.layout();
+        const int fromBits = source.info.bits, toBits = destination.info.bits;
         if (from == to) {
             plan.copiesColour = true;
-        } else if (from == v210) {
-            unpackIfV210();
+        } else if (toBits == 10 && (fromBits == 10 || source.range == Range::studio)) {
+            plan.prepare = kernels.unpack[from];
             plan.finish = kernels.fromSamples[to];
-        } else if (source.info.bits == 10) {
-            betweenYcbcr();
+        } else if (fromBits != toBits) {
+            computeYcbcr();
         } else if (isPacked(from) && isPacked(to)) {
             plan.finish = kernels.reorderPairs;
             orderBytes();
@@ -159,7 +158,7 @@ private:
         }
     }
 
-    void betweenYcbcr() {
+    void computeYcbcr() {
         unpackIfV210();
         plan.constants.toSamples = toSamples(source.coding(), destination.coding());
         plan.compute = kernels.toSamples[source.layout()][chroma];
@@ -169,7 +168,7 @@ private:
 
     void unpackIfV210() {
         if (source.layout() == v210)
-            plan.prepare = kernels.unpackV210;
+            plan.prepare = kernels.unpack[v210];
     }
 
     void orderBytes() {

@@ -21,11 +21,10 @@ enum class AlphaStep : uint8_t { none, copy, fill };
 struct Plan {
     bool copiesColour = false;
 
-    Pass prepare = nullptr;  // V210 to samples, or other RGB to pixels
+    Pass prepare = nullptr;  // YCbCr to samples as they are, where the next pass cannot read it
     Pass compute = nullptr;  // the maths
-    Pass finish = nullptr;   // a strip to what the destination holds, or one format to another
+    Pass finish = nullptr;   // samples to what the destination holds, or one format to another
 
-    bool stripOfPixels = false;    // prepare makes pixels, not samples
     bool readsNeighbours = false;  // pixels of a row depend on one another
     bool toV210 = false;
     size_t granularity = 0;  // pixels: pieces of a row begin at multiples of it

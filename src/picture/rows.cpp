@@ -137,9 +137,11 @@ private:
     // ---- Bytes ----
 
     void copy(uint8_t* to, const uint8_t* from, size_t bytes) {
+        if (to == from)
+            return;
         if (streaming)
             kernels.stream(to, from, bytes);
-        else if (to != from)
+        else
             std::memcpy(to, from, bytes);
     }
 
