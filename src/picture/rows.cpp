@@ -241,10 +241,11 @@ private:
             run(plan.finish, piece, result);
     }
 
-    // With the chroma of the pair behind the piece.
+    // With the chroma of the pair behind the piece, where the maths wants it. Only V210, of which
+    // whole units are read, is prepared for that.
     void prepare(Piece& piece, const Places& strip) const {
         const size_t pixels = piece.pixels;
-        if (!piece.rowEnd)
+        if (!piece.rowEnd && plan.compute)
             piece.pixels += 2;
         run(plan.prepare, piece, strip);
         piece.pixels = pixels;
