@@ -1,0 +1,110 @@
+// The passes that compute: between YCbCr and pixels, and between codings of YCbCr; and those that
+// only bring samples into a strip or out of it.
+#pragma once
+
+#include "picture/blocks.hpp"
+#include "picture/maths.hpp"
+#include "picture/pixels.hpp"
+
+namespace orva::ORVA_ISA {
+
+constexpr unsigned bytesOf(PixelKind kind) { return kind == PixelKind::noAlpha ? 3 : 4; }
+
+// ---- From YCbCr ----
+
+// Calls put(to, x, first, second) with what convert makes of the samples of each half of a block.
+template <Layout layout, class Up, class Convert, class Put>
+ORVA_INLINE void fromYcbcr(const Piece& piece, Convert convert, Put put) {
+    using In = Reader<layout>;
+    const auto convertBlock = [&]<bool last>(const Source& from, const Target& to, size_t x) {
+        const auto first = convert(In::template luma<Wide>(from, x),
+                                   Up::template take<In, false>(from, x), from, x);
+        const auto second = convert(In::template luma<Wide>(from, x + half),
+                                    Up::template take<In, last>(from, x + half), from, x + half);
+        put(to, x, first, second);
+        fetchBlockAhead<In>(from, x);
+    };
+    const size_t inner = piece.rowEnd ? (piece.pixels - 1) / block * block : piece.pixels;
+    forRows(piece, [&](const Source& from, const Target& to) {
+        for (size_t x = 0; x < inner; x += block)
+            convertBlock.template operator()<false>(from, to, x);
+        if (piece.rowEnd)
+            convertBlock.template operator()<true>(from, to, inner);
+    });
+}
+
+template <Layout layout, class Up, PixelKind kind, bool alphaPlane>
+void toPixels(const Piece& piece, const Constants& c) {
+    const ToPixelsMath<kind == PixelKind::alphaFirst> math(c);
+    const Wide constantAlpha = Wide::all16(c.alpha);
+    fromYcbcr<layout, Up>(
+        piece,
+        [&](Wide luma, const SitedChroma& chroma, const Source& from, size_t x) {
+            return math(luma, chroma,
+                        alphaPlane ? Wide::loadBytesAsWords(from.plane[orva::alphaPlane] + x)
+                                   : constantAlpha);
+        },
+        [](const Target& to, size_t x, const Pixels8<Wide>& a, const Pixels8<Wide>& b) {
+            putPixels<bytesOf(kind)>({a.a, a.b, b.a, b.b}, to.plane[0], x);
+        });
+}
+
+template <Layout layout, class Up> void toSamples(const Piece& piece, const Constants& c) {
+    const ToSamplesMath math(c);
+    fromYcbcr<layout, Up>(
+        piece,
+        [&](Wide luma, const SitedChroma& chroma, const Source&, size_t) {
+            return math(luma, chroma);
+        },
+        [](const Target& to, size_t x, const Words<Wide>& first, const Words<Wide>& second) {
+            Writer<Layout::v210>::put(WordsPair<Wide>{first, second}, to, x);
+        });
+}
+
+template <Layout layout> void unpack(const Piece& piece, const Constants&) {
+    using In = Reader<layout>;
+    forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
+        const auto take = [&](size_t at) {
+            return Words<Wide>{In::template luma<Wide>(from, at),
+                               In::template chroma<Wide>(from, at)};
+        };
+        fetchBlockAhead<In>(from, x);
+        Writer<Layout::v210>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
+    });
+}
+
+// ---- From pixels ----
+
+template <PixelKind kind, class Down, Layout layout, bool alphaPlane>
+void fromPixels(const Piece& piece, const Constants& c) {
+    constexpr unsigned bytes = bytesOf(kind);
+    constexpr int depth = layout < Layout::byteLayouts ? 8 : 10;
+    const FromPixelsMath<depth> math(c);
+    forRows(piece, [&](const Source& from, const Target& to) {
+        const uint8_t* const first = from.plane[0];
+        Split before = splitPixel(pixelAt<bytes>(piece.rowStart ? first : first - bytes));
+        for (size_t x = 0; x < piece.pixels; x += block) {
+            const Pixels16<Wide> in = takePixels<bytes>(first, x);
+            const auto a = math.template operator()<Down>({in.a, in.b}, before);
+            const auto b = math.template operator()<Down>({in.c, in.d}, before);
+            Writer<layout>::put(WordsPair<Wide>{a, b}, to, x);
+            fetchAhead(first + bytes * x, bytes * block);
+            if constexpr (alphaPlane)
+                putAlpha<kind == PixelKind::alphaFirst>(in, to, x);
+        }
+    });
+}
+
+// ---- From samples ----
+
+template <Layout layout> void fromSamples(const Piece& piece, const Constants&) {
+    forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
+        const auto take = [&](size_t at) {
+            return Words<Wide>{Wide::load(from.plane[0] + 2 * at),
+                               Wide::load(from.plane[1] + 2 * at)};
+        };
+        Writer<layout>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
+    });
+}
+
+}  // namespace orva::ORVA_ISA
