@@ -13,13 +13,6 @@ namespace {
 // until it is read again.
 constexpr std::uint64_t streamedBytes = std::uint64_t{4} << 20;
 
-// Rows that are only copied or filled go straight past the cache. What passes make takes a detour
-// through a buffer for it, which costs about what it saves.
-bool streams(Streaming wish, const picture::Plan& plan, std::uint64_t bytes) {
-    return wish == Streaming::always ||
-           (wish == Streaming::automatic && !plan.hasPasses() && bytes >= streamedBytes);
-}
-
 template <class Byte>
 using ByteLike = std::conditional_t<std::is_const_v<Byte>, const std::uint8_t, std::uint8_t>;
 
@@ -52,6 +45,14 @@ std::uint64_t bytesOf(Format format, std::uint32_t width, std::uint32_t height) 
     return row * height;
 }
 
+// Rows that are only copied or filled go straight past the cache. What passes make takes a detour
+// through a buffer for it, which costs about what it saves.
+bool streamingPays(const picture::Plan& plan, Format source, Format destination,
+                   std::uint32_t width, std::uint32_t height) {
+    return !plan.hasPasses() &&
+           bytesOf(source, width, height) + bytesOf(destination, width, height) >= streamedBytes;
+}
+
 }  // namespace
 
 Result convert(const ConstImageView& source, const ImageView& destination, const Options& options,
@@ -66,12 +67,14 @@ Result convert(const ConstImageView& source, const ImageView& destination, const
     const picture::Kernels& kernels = *picture::activeKernels;
     const picture::Plan plan =
         picture::makePlan(source.format, destination.format, options, kernels);
-    const std::uint64_t bytes = bytesOf(source.format, source.width, height) +
-                                bytesOf(destination.format, source.width, height);
+    const bool streaming =
+        options.streaming == Streaming::always ||
+        (options.streaming == Streaming::automatic &&
+         streamingPays(plan, source.format, destination.format, source.width, height));
     picture::convertRows(
         plan, kernels,
         {rowsOf(source, rows.first), rowsOf(destination, rows.first), source.width, height},
-        streams(options.streaming, plan, bytes));
+        streaming);
     if (&kernels != picture::tables[0].kernels) {
         leaveWideRegisters();
     }
