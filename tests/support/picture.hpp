@@ -1,18 +1,17 @@
-// What tests of the checked interface share: memory for images, and the picture that a call is to
-// make, by the scalar model.
+// What tests of the checked library share: images anywhere in memory, their contents, and the
+// judgement of a converted image.
 #pragma once
 
-#include "reference/model.hpp"
 #include "support/data.hpp"
 
 #include <orva/convert.hpp>
 
-#include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <cstddef>
 #include <cstring>
 #include <new>
 #include <string>
+#include <vector>
 
 namespace test {
 
@@ -28,111 +27,77 @@ template <class T> struct FromLineStart {
 };
 using Memory = std::vector<std::byte, FromLineStart<std::byte>>;
 
-inline void fill(std::span<std::byte> bytes, Random& random) {
-    std::ranges::copy(std::as_bytes(runs(bytes.size(), random)), bytes.begin());
-}
+constexpr orva::PlaneIndex planeIndices[] = {orva::mainPlane, orva::chromaPlane, orva::crPlane,
+                                             orva::alphaPlane};
 
-constexpr std::size_t planeCount = 3;
+// Where a plane lies: its lowest address modulo 64, bytes between rows, direction, and memory
+// behind it that nobody may touch.
+struct Placement {
+    std::uint32_t offset = 0, gap = 0;
+    bool bottomUp = false;
+    std::uint32_t behind = 0;
+};
+using Placements = std::array<Placement, orva::planeCount>;
+Placements randomPlacements(Random& random);
 
-// Bytes of a pixel in the main, chroma and alpha planes.
-inline std::array<std::uint32_t, planeCount> bytesPerPixel(orva::Format format) {
-    const orva::FormatInfo& info = orva::formatInfo(format);
-    return {info.bytesPerPixel, info.chromaPlane, info.alphaPlane};
-}
+// An image that owns its memory, each plane on its own and placed at will. Copies lie alike.
+class Canvas {
+public:
+    Canvas(orva::Format format, std::uint32_t width, std::uint32_t height,
+           const Placements& placements);
 
-template <class View> const auto& planeOf(const View& view, std::size_t index) {
-    return index == 0 ? view.main : index == 1 ? view.chroma : view.alpha;
-}
+    orva::ImageView view();
 
+    std::array<Memory, orva::planeCount> memory;
+
+private:
+    orva::ImageView shape;  // without memory
+    Placements placements;
+};
+
+// The first bytes of a row in every plane that the image has.
 template <class Byte>
-Byte* rowOf(const orva::BasicPlane<Byte>& plane, std::uint32_t height, std::uint32_t y) {
-    const auto pitch = static_cast<std::size_t>(std::abs(plane.pitch));
-    return plane.bytes.data() + pitch * (plane.pitch < 0 ? height - 1 - y : y);
-}
-
-inline bool isYcbcr(orva::Format format) { return orva::formatInfo(format).pixelPairs; }
-
-// Whether samples go from one matrix to another, so that rounding depends on how rows divide into
-// blocks.
-inline bool changesMatrix(orva::Format source, orva::Format destination,
-                          const orva::Options& options) {
-    return options.srcMatrix != options.dstMatrix && isYcbcr(source) && isYcbcr(destination);
-}
-
-inline std::string nameOf(orva::Format source, orva::Format destination) {
-    return std::string(formatInfo(source).name) + "_" + std::string(formatInfo(destination).name);
-}
-
-inline void copyRows(const orva::ConstImageView& from, const orva::ImageView& to) {
-    const auto bytes = bytesPerPixel(to.format);
-    for (std::size_t p = 0; p < planeCount; ++p) {
-        for (std::uint32_t y = 0; bytes[p] > 0 && y < to.height; ++y) {
-            std::memcpy(rowOf(planeOf(to, p), to.height, y),
-                        rowOf(planeOf(from, p), from.height, y),
-                        std::size_t{bytes[p]} * std::min(from.width, to.width));
+std::array<Byte*, orva::planeCount> rowOf(const orva::BasicImageView<Byte>& image,
+                                          std::uint32_t y) {
+    std::array<Byte*, orva::planeCount> row = {};
+    for (const orva::PlaneIndex p : planeIndices) {
+        const auto& [bytes, pitch] = planeOf(image, p);
+        if (!bytes.empty()) {
+            const auto signedDistance = static_cast<std::size_t>(pitch);
+            const std::size_t distance = pitch < 0 ? 0 - signedDistance : signedDistance;
+            row[p] = bytes.data() + distance * (pitch < 0 ? image.height - 1 - y : y);
         }
     }
+    return row;
 }
 
-// The same call as a descriptor for the C interface.
-inline OrvaConversionDescriptor describe(const orva::ConstImageView& source,
-                                         const orva::ImageView& destination,
-                                         const orva::Options& options) {
-    using orva::Format;
-    const auto gap = [](const auto& image, std::size_t plane) {
-        return static_cast<std::int32_t>(planeOf(image, plane).pitch) -
-               static_cast<std::int32_t>(bytesPerPixel(image.format)[plane] * image.width);
-    };
-    const auto first = [](const auto& image, std::size_t plane) {
-        const auto& rows = planeOf(image, plane);
-        return rows.bytes.empty() ? rows.bytes.data() : rowOf(rows, image.height, 0);
-    };
-    const auto code = [](orva::Matrix matrix) { return matrix == orva::Matrix::bt601 ? 1 : 0; };
-    const bool toBgr = orva::formatInfo(destination.format).colour == Format::BGR24I ||
-                       destination.format == Format::BGR32I;
-    OrvaConversionDescriptor d = {};
-    d.srcData = first(source, 0);
-    d.srcHeight = source.height;
-    d.srcPitch = static_cast<std::int32_t>(source.main.pitch);
-    d.srcRowGap = gap(source, 0);
-    d.srcColorSpace = code(options.srcMatrix);
-    d.srcPlane2Data = first(source, 2);
-    d.srcPlane2RowGap = gap(source, 2);
-    d.dstData = first(destination, 0);
-    d.dstWidth = destination.width;
-    d.dstHeight = destination.height;
-    d.dstPitch = static_cast<std::int32_t>(destination.main.pitch);
-    d.dstRowGap = gap(destination, 0);
-    d.dstColorSpace = code(toBgr ? options.srcMatrix : options.dstMatrix);
-    d.dstPlane2Data = first(destination, 2);
-    d.dstPlane2Pitch = static_cast<std::int32_t>(destination.alpha.pitch);
-    d.dstPlane2RowGap = gap(destination, 2);
-    d.alphaValue = options.alpha;
-    d.fullRange = options.range == orva::Range::full;
-    d.clampStudio = options.clampStudio;
-    return d;
-}
+// The planes that both formats divide into the same units, which their images may share.
+std::vector<orva::PlaneIndex> commonPlanes(orva::Format a, orva::Format b);
 
-// Makes the picture that convert() promises for rows that it accepts; false if the model does not
-// know the conversion.
-inline bool makePicture(const orva::ConstImageView& source, const orva::ImageView& destination,
-                        const orva::Options& options) {
-    const std::string name = nameOf(source.format, destination.format);
-    if (changesMatrix(source.format, destination.format, options)) {
-        return reference::convert(name, describe(source, destination, options));
-    }
-    // On aligned images of whole blocks the model's fast kernel makes the picture.
-    const std::uint32_t width = (source.width + 31) / 32 * 32;
-    std::optional<orva::Image> from = orva::Image::create(source.format, width, source.height);
-    orva::Image to = orva::Image::create(destination.format, width, source.height).value();
-    orva::ConstImageView roomySource{source.format, width, source.height, {}, {}, {}};
-    if (from) {
-        copyRows(source, from->view());
-        roomySource = from->view();
-    }
-    const bool known = reference::convert(name, describe(roomySource, to.view(), options));
-    copyRows(to.view(), destination);
-    return known;
-}
+// Noise, extremes and runs in all of a canvas' memory.
+void fill(std::span<std::byte> bytes, Random& random);
+void fill(Canvas& canvas, Random& random);
+
+// Samples of middling size in every row, whose colours rarely saturate: ramps, steps, soft noise.
+void fillSoftly(const orva::ImageView& image, Random& random);
+
+// Copies the rows [first, first + count) between images of the same format and size, in the planes
+// that both views have.
+void copyRows(const orva::ConstImageView& from, const orva::ImageView& to, std::uint32_t first,
+              std::uint32_t count);
+
+// What is wrong with these rows of a destination, by the model; empty if nothing is.
+struct Judgement {
+    std::string fault;
+    double largestError = 0;  // of a sample from its real value, in codes
+};
+Judgement judge(const orva::ConstImageView& source, const orva::ConstImageView& destination,
+                const orva::Options& options, std::uint32_t first, std::uint32_t count);
+
+constexpr double promisedError = 0.6;
+
+std::string nameOf(orva::Format source, orva::Format destination);
+std::string describe(const orva::Options& options);
+std::string describe(const Placements& placements);
 
 }  // namespace test
