@@ -122,7 +122,8 @@ Judgement judge(const ConstImageView& source, const ConstImageView& destination,
         reference::read(from, source.width, rowOf(source, y), given);
         reference::read(to, source.width, rowOf(destination, y), made);
         reference::convert(given, from, to, options, source.width, real);
-        for (std::size_t c = isCopy ? reference::alphaComponent : 0; c < real.size(); ++c) {
+        for (std::size_t c = isCopy ? std::size_t{reference::alphaComponent} : 0; c < real.size();
+             ++c) {
             for (std::size_t i = 0; i < real[c].size(); ++i) {
                 const double error = std::abs(made[c][i] - real[c][i]);
                 judgement.largestError = std::max(judgement.largestError, error);
