@@ -221,7 +221,7 @@ enum class Range : std::uint8_t { studio, full };
 enum class Chroma : std::uint8_t { cosited, nearest };
 
 // Whether frames are written past the cache, which is faster where they are not read again soon.
-// Never changes a byte. Automatic: where rows are only copied, and are more than caches hold.
+// Never changes a byte. Automatic: where samples only move, in pictures of 2 MB and more.
 enum class Streaming : std::uint8_t { automatic, never, always };
 
 struct Options {

@@ -9,9 +9,10 @@
 namespace orva {
 namespace {
 
-// From this many bytes read and written on, copies past the cache pay: less stays in the caches
-// until it is read again.
-constexpr std::uint64_t streamedBytes = std::uint64_t{4} << 20;
+// From this many bytes read and written on, it pays to write past the cache what is only moved:
+// less stays in the caches until it is read again. It is a little below an alpha plane of
+// 1920x1080.
+constexpr std::uint64_t streamedBytes = 2'000'000;
 
 template <class Byte>
 using ByteLike = std::conditional_t<std::is_const_v<Byte>, const std::uint8_t, std::uint8_t>;
@@ -45,12 +46,15 @@ std::uint64_t bytesOf(Format format, std::uint32_t width, std::uint32_t height) 
     return row * height;
 }
 
-// Rows that are only copied or filled go straight past the cache. What passes make takes a detour
-// through a buffer for it, which costs about what it saves.
-bool streamingPays(const picture::Plan& plan, Format source, Format destination,
-                   std::uint32_t width, std::uint32_t height) {
-    return !plan.hasPasses() &&
-           bytesOf(source, width, height) + bytesOf(destination, width, height) >= streamedBytes;
+// What is computed is not written past the cache by itself: the detour costs what it saves.
+picture::StreamingKinds streamingKinds(Streaming wish, Format source, Format destination,
+                                       std::uint32_t width, std::uint32_t height) {
+    if (wish != Streaming::automatic) {
+        return {wish == Streaming::always, wish == Streaming::always};
+    }
+    const std::uint64_t bytes =
+        bytesOf(source, width, height) + bytesOf(destination, width, height);
+    return {bytes >= streamedBytes, false};
 }
 
 }  // namespace
@@ -67,14 +71,10 @@ Result convert(const ConstImageView& source, const ImageView& destination, const
     const picture::Kernels& kernels = *picture::activeKernels;
     const picture::Plan plan =
         picture::makePlan(source.format, destination.format, options, kernels);
-    const bool streaming =
-        options.streaming == Streaming::always ||
-        (options.streaming == Streaming::automatic &&
-         streamingPays(plan, source.format, destination.format, source.width, height));
     picture::convertRows(
         plan, kernels,
         {rowsOf(source, rows.first), rowsOf(destination, rows.first), source.width, height},
-        streaming);
+        streamingKinds(options.streaming, source.format, destination.format, source.width, height));
     if (&kernels != picture::tables[0].kernels) {
         leaveWideRegisters();
     }

@@ -36,7 +36,6 @@ constexpr ImageFields destinationFields = {"destination.format",
 
 // The part of a plane that its rows span, gaps between them included.
 struct Extent {
-    std::string_view field;
     const std::byte* begin = nullptr;
     const std::byte* end = nullptr;
     std::ptrdiff_t pitch = 0;
@@ -106,7 +105,6 @@ Result checkPlane(const ConstPlane& plane, std::uint64_t row, std::uint32_t heig
         return fail(ErrorCode::shortPlane, fields.plane, static_cast<std::int64_t>(size),
                     "give pitch * (height - 1) + row bytes at least");
     }
-    extent.field = fields.plane;
     extent.begin = plane.bytes.data();
     extent.end = extent.begin + pitch * (height - 1) + row;
     extent.pitch = plane.pitch;
@@ -114,12 +112,13 @@ Result checkPlane(const ConstPlane& plane, std::uint64_t row, std::uint32_t heig
 }
 
 Result checkImage(const ConstImageView& image, const ImageFields& fields, Extents& extents) {
+    const FormatInfo& info = formatInfo(image.format);
     for (std::uint8_t i = 0; i < planeCount; ++i) {
-        const auto index = static_cast<PlaneIndex>(i);
-        extents[i].info = formatInfo(image.format).planes[i];
-        if (extents[i].info.unitBytes == 0) {
+        if (info.planes[i].unitBytes == 0) {
             continue;
         }
+        const auto index = static_cast<PlaneIndex>(i);
+        extents[i].info = info.planes[i];
         const Result result =
             checkPlane(planeOf(image, index), rowBytes(image.format, index, image.width),
                        image.height, fields.planes[i], extents[i]);
@@ -146,7 +145,7 @@ Result checkOverlap(const Extents& source, const Extents& destination, std::uint
             const bool shared = overlap(destination[i], source[j]) &&
                                 !(i == j && inPlace(destination[i], source[j], height));
             if (shared || (j < i && overlap(destination[i], destination[j]))) {
-                return fail(ErrorCode::overlap, destination[i].field, 0,
+                return fail(ErrorCode::overlap, destinationFields.planes[i].plane, 0,
                             "give the destination plane memory of its own, or the very rows of "
                             "the source's plane where both take as many bytes per pixel");
             }

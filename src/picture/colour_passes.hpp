@@ -45,7 +45,7 @@ void toPixels(const Piece& piece, const Constants& c) {
                                    : constantAlpha);
         },
         [](const Target& to, size_t x, const Pixels8<Wide>& a, const Pixels8<Wide>& b) {
-            putPixels<bytesOf(kind)>({a.a, a.b, b.a, b.b}, to.plane[0], x);
+            putPixels<bytesOf(kind)>(OrdinaryStores(), {a.a, a.b, b.a, b.b}, to.plane[0], x);
         });
 }
 

@@ -23,6 +23,12 @@ void stream(uint8_t* to, const uint8_t* from, size_t bytes) {
 
 template <size_t... layouts> struct Layouts {};
 
+template <Pass ordinary, Pass streaming> constexpr picture::MovePass moves{ordinary, streaming};
+
+template <unsigned from, unsigned to, bool alphaPlane>
+constexpr picture::MovePass repacks = moves<repack<from, to, alphaPlane, OrdinaryStores>,
+                                            repack<from, to, alphaPlane, StreamingStores>>;
+
 // Whether a format of this layout may have an alpha plane beside it.
 constexpr bool mayHaveAlpha(Layout layout) { return layout <= Layout::semiPlanar8; }
 
@@ -54,7 +60,7 @@ constexpr void addLayout(picture::Kernels& k, size_t chroma) {
 template <Layout from, Layout to> constexpr void addMove(picture::Kernels& k) {
     constexpr bool packed = from <= Layout::uvyy && to <= Layout::uvyy;
     if constexpr (from != to && !packed)
-        k.move[from][to] = move<from, to>;
+        k.move[from][to] = moves<move<from, to, OrdinaryStores>, move<from, to, StreamingStores>>;
 }
 template <Layout from, size_t... to>
 constexpr void addMovesFrom(picture::Kernels& k, Layouts<to...>) {
@@ -70,13 +76,13 @@ constexpr picture::Kernels makeKernels(Layouts<all...>, Layouts<bytes...>) {
     ((k.unpack[all] = unpack<Layout(all)>), ...);
     ((k.fromSamples[all] = fromSamples<Layout(all)>), ...);
     (addMovesFrom<Layout(bytes)>(k, Layouts<bytes...>()), ...);
-    k.reorderPairs = reorderPairs;
-    k.repack[0][0][0] = repack<3, 3, false>;
-    k.repack[0][1][0] = repack<3, 4, false>;
-    k.repack[0][1][1] = repack<3, 4, true>;
-    k.repack[1][0][0] = repack<4, 3, false>;
-    k.repack[1][0][1] = repack<4, 3, true>;
-    k.repack[1][1][0] = repack<4, 4, false>;
+    k.reorderPairs = moves<reorderPairs<OrdinaryStores>, reorderPairs<StreamingStores>>;
+    k.repack[0][0][0] = repacks<3, 3, false>;
+    k.repack[0][1][0] = repacks<3, 4, false>;
+    k.repack[0][1][1] = repacks<3, 4, true>;
+    k.repack[1][0][0] = repacks<4, 3, false>;
+    k.repack[1][0][1] = repacks<4, 3, true>;
+    k.repack[1][1][0] = repacks<4, 4, false>;
     k.extractAlpha[0] = extractAlpha<false>;
     k.extractAlpha[1] = extractAlpha<true>;
     k.stream = stream;

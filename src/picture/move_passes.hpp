@@ -6,21 +6,23 @@
 
 namespace orva::ORVA_ISA {
 
-template <Layout source, Layout destination> void move(const Piece& piece, const Constants&) {
+template <Layout source, Layout destination, class Stores>
+void move(const Piece& piece, const Constants&) {
     forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
-        ByteWriter<destination>::put(ByteReader<source>::template take<Wide>(from, x), to, x);
+        ByteWriter<destination>::put(Stores(), ByteReader<source>::template take<Wide>(from, x), to,
+                                     x);
     });
 }
 
-inline void reorderPairs(const Piece& piece, const Constants& c) {
+template <class Stores> void reorderPairs(const Piece& piece, const Constants& c) {
     const Reorder order(c.order);
     forBlocks(piece, [&](const Source& from, const Target& to, size_t x) {
         for (const size_t i : {2 * x, 2 * x + Wide::bytes})
-            order(Wide::load(from.plane[0] + i)).store(to.plane[0] + i);
+            Stores().put(order(Wide::load(from.plane[0] + i)), to.plane[0] + i);
     });
 }
 
-template <unsigned source, unsigned destination, bool alphaPlane>
+template <unsigned source, unsigned destination, bool alphaPlane, class Stores>
 void repack(const Piece& piece, const Constants& c) {
     const Reorder order(c.order);
     const Wide constantAlpha = Wide::all32(uint32_t(c.alpha) << 24);
@@ -32,7 +34,7 @@ void repack(const Piece& piece, const Constants& c) {
                                                                    constantAlpha, constantAlpha});
         const Pixels16<Wide> ordered{order(pixels.a), order(pixels.b), order(pixels.c),
                                      order(pixels.d)};
-        putPixels<destination>(ordered, to.plane[0], x);
+        putPixels<destination>(Stores(), ordered, to.plane[0], x);
         if constexpr (alphaPlane && source > destination)
             putAlpha<false>(ordered, to, x);
     });

@@ -55,6 +55,12 @@ struct Piece {
 
 using Pass = void (*)(const Piece&, const Constants&);
 
+// A pass that computes nothing, so that how it stores decides its speed. Past the cache its
+// destination's rows must begin at multiples of 64 bytes.
+struct MovePass {
+    Pass ordinary, streaming;
+};
+
 struct Kernels {
     size_t block;  // pixels
 
@@ -73,13 +79,13 @@ struct Kernels {
     Pass fromSamples[layoutCount];
 
     // Samples of 8 bits moved from one layout to another; null between packed ones.
-    Pass move[byteLayouts][byteLayouts];
+    MovePass move[byteLayouts][byteLayouts];
     // The four bytes of packed pairs in Constants::order.
-    Pass reorderPairs;
+    MovePass reorderPairs;
     // RGB moved: the bytes of pixels in Constants::order. Indexed by whether they have 4, first of
     // the source; and by whether pixels of 4 bytes get their alpha from a plane, not Constants, or
     // give it to one.
-    Pass repack[2][2][2];
+    MovePass repack[2][2][2];
     // Of pixels of 4 bytes, to a plane alone. Indexed by whether alpha is the first byte.
     Pass extractAlpha[2];
 

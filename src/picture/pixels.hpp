@@ -1,6 +1,7 @@
 // RGB of 8 bits in memory: 16 * lanes pixels at once, of four bytes each in vectors.
 #pragma once
 
+#include "frame/memory_access.hpp"
 #include "picture/passes.hpp"
 #include "rgb/pixels.hpp"
 #include "simd/bgr24.hpp"
@@ -20,19 +21,19 @@ template <unsigned bytes> ORVA_INLINE Pixels16<Wide> takePixels(const uint8_t* r
                 Wide::load(p + 3 * quarter)};
 }
 
-template <unsigned bytes>
-ORVA_INLINE void putPixels(const Pixels16<Wide>& pixels, uint8_t* row, size_t x) {
+template <unsigned bytes, class Stores>
+ORVA_INLINE void putPixels(Stores stores, const Pixels16<Wide>& pixels, uint8_t* row, size_t x) {
     uint8_t* const p = row + bytes * x;
     if constexpr (bytes == 3) {
         const Twelves<Wide> packed = pack24(pixels.a, pixels.b, pixels.c, pixels.d);
-        packed.first.store(p);
-        packed.second.store(p + Wide::bytes);
-        packed.third.store(p + 2 * Wide::bytes);
+        stores.put(packed.first, p);
+        stores.put(packed.second, p + Wide::bytes);
+        stores.put(packed.third, p + 2 * Wide::bytes);
     } else {
-        pixels.a.store(p);
-        pixels.b.store(p + Wide::bytes);
-        pixels.c.store(p + 2 * Wide::bytes);
-        pixels.d.store(p + 3 * Wide::bytes);
+        stores.put(pixels.a, p);
+        stores.put(pixels.b, p + Wide::bytes);
+        stores.put(pixels.c, p + 2 * Wide::bytes);
+        stores.put(pixels.d, p + 3 * Wide::bytes);
     }
 }
 

@@ -118,8 +118,7 @@ private:
         if (source.info.format == destination.info.format)
             plan.copiesColour = true;
         else
-            plan.finish =
-                kernels.repack[source.hasPixels32()][destination.hasPixels32()][throughPixels];
+            moveBy(kernels.repack[source.hasPixels32()][destination.hasPixels32()][throughPixels]);
     }
 
     void fromRgb() {
@@ -151,10 +150,10 @@ private:
         } else if (fromBits != toBits) {
             computeYcbcr();
         } else if (isPacked(from) && isPacked(to)) {
-            plan.finish = kernels.reorderPairs;
+            moveBy(kernels.reorderPairs);
             orderBytes();
         } else {
-            plan.finish = kernels.move[from][to];
+            moveBy(kernels.move[from][to]);
         }
     }
 
@@ -169,6 +168,11 @@ private:
     void unpackIfV210() {
         if (source.layout() == v210)
             plan.prepare = kernels.unpack[v210];
+    }
+
+    void moveBy(const MovePass& pass) {
+        plan.finish = pass.ordinary;
+        plan.streamingMove = pass.streaming;
     }
 
     void orderBytes() {

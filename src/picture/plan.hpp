@@ -24,6 +24,8 @@ struct Plan {
     Pass prepare = nullptr;  // YCbCr to samples as they are, where the next pass cannot read it
     Pass compute = nullptr;  // the maths
     Pass finish = nullptr;   // samples to what the destination holds, or one format to another
+    // What may take the place of a single pass to write past the cache.
+    Pass streamingMove = nullptr;
 
     bool readsNeighbours = false;  // pixels of a row depend on one another
     bool toV210 = false;

@@ -100,8 +100,10 @@ void clearUnusedPairs(uint8_t* unit, size_t pixels) {
 
 class Rows {
 public:
-    Rows(const Plan& plan, const Kernels& kernels, const Area& area, bool streaming)
-        : plan(plan), kernels(kernels), area(area), streaming(streaming) {
+    Rows(const Plan& plan, const Kernels& kernels, const Area& area, StreamingKinds streaming)
+        : plan(plan), kernels(kernels), area(area), streamsCopies(streaming.moves),
+          streamsDirectly(streaming.moves && plan.streamingMove && isAligned()),
+          buffers(streaming.computed && !streamsDirectly) {
         // Pieces begin where units and blocks do; the last one may end where only a block does.
         const size_t rest = area.width % plan.granularity;
         wholePixels = rest % kernels.block == 0 ? area.width : area.width - rest;
@@ -125,7 +127,7 @@ private:
     }
 
     // Whether what a piece holds passes through a strip.
-    bool inStrips() const { return (plan.compute && plan.finish) || plan.prepare || streaming; }
+    bool inStrips() const { return (plan.compute && plan.finish) || plan.prepare || buffers; }
 
     size_t rowsAtOnce() const {
         const bool alike = wholePixels == area.width && !(plan.toV210 && area.width % 6 != 0);
@@ -134,9 +136,22 @@ private:
         return inStrips() ? std::max<size_t>(1, stripPixels / area.width) : area.height;
     }
 
+    // Whether every row of the destination begins where a cache line does.
+    bool isAligned() const {
+        constexpr size_t line = 64;
+        uintptr_t bits = 0;
+        for (size_t i = 0; i < planeCount; ++i) {
+            const auto& [first, pitch] = area.destination.planes[i];
+            if (plan.destination.planes[i].unitBytes > 0)
+                bits |=
+                    reinterpret_cast<uintptr_t>(first) | (area.height > 1 ? uintptr_t(pitch) : 0);
+        }
+        return bits % line == 0;
+    }
+
     // ---- Bytes ----
 
-    void copy(uint8_t* to, const uint8_t* from, size_t bytes) {
+    void copy(uint8_t* to, const uint8_t* from, size_t bytes, bool streaming) const {
         if (to == from)
             return;
         if (streaming)
@@ -150,7 +165,7 @@ private:
             if (const size_t bytes = bytesOf(plan.source.planes[i], area.width))
                 for (size_t row = y; row < y + rows; ++row)
                     copy(rowOf(area.destination.planes[i], row), rowOf(area.source.planes[i], row),
-                         bytes);
+                         bytes, streamsCopies);
     }
 
     // ---- Colour ----
@@ -202,20 +217,20 @@ private:
             copyEnd(plan.source, piece.from, end.target(), pixels, x > 0);
             piece.from = end.source();
         }
-        if (whole && !streaming) {
-            makePiece(piece, destination);
+        if (whole && !buffers) {
+            makePiece(piece, destination, streamsDirectly ? plan.streamingMove : plan.finish);
             return;
         }
-        makePiece(piece, buffer);
+        makePiece(piece, buffer, plan.finish);
         for (size_t i = 0; i < planeCount; ++i)
             for (size_t row = 0; buffer.step[i] > 0 && row < rows; ++row)
                 copy(destination.target.plane[i] + std::ptrdiff_t(row) * destination.step[i],
                      buffer.target.plane[i] + std::ptrdiff_t(row) * buffer.step[i],
-                     static_cast<size_t>(buffer.step[i]));
+                     static_cast<size_t>(buffer.step[i]), buffers);
     }
 
-    void makePiece(const Piece& piece, const Places& result) {
-        runPasses(piece, result);
+    void makePiece(const Piece& piece, const Places& result, Pass finish) {
+        runPasses(piece, result, finish);
         if (plan.toV210 && piece.pixels % 6 != 0)
             clearUnusedPairs(result.target.plane[0] + piece.pixels / 6 * 16, piece.pixels % 6);
     }
@@ -230,15 +245,15 @@ private:
         std::copy_n(to.step, planeCount, piece.fromStep);
     }
 
-    void runPasses(Piece piece, const Places& result) {
+    void runPasses(Piece piece, const Places& result, Pass finish) {
         const auto wordBytes = static_cast<std::ptrdiff_t>(2 * piece.pixels);
         const Places samples = {computed.target(), {wordBytes, wordBytes, 0, 0}};
         if (plan.prepare)
             prepare(piece, {prepared.target(), {wordBytes, wordBytes, 0, 0}});
         if (plan.compute)
-            run(plan.compute, piece, plan.finish ? samples : result);
-        if (plan.finish)
-            run(plan.finish, piece, result);
+            run(plan.compute, piece, finish ? samples : result);
+        if (finish)
+            run(finish, piece, result);
     }
 
     // With the chroma of the pair behind the piece, where the maths wants it. Only V210, of which
@@ -261,28 +276,30 @@ private:
         for (size_t row = y; row < y + rows; ++row) {
             uint8_t* const to = rowOf(area.destination.planes[alphaPlane], row);
             if (plan.alpha == AlphaStep::copy)
-                copy(to, rowOf(area.source.planes[alphaPlane], row), area.width);
+                copy(to, rowOf(area.source.planes[alphaPlane], row), area.width, streamsCopies);
             else
                 fillAlpha(to);
         }
     }
 
     void fillAlpha(uint8_t* to) {
-        if (!streaming) {
+        if (!streamsCopies) {
             std::memset(to, plan.constants.alpha, area.width);
             return;
         }
         uint8_t* const bytes = out.target().plane[0];
         std::memset(bytes, plan.constants.alpha, stripPixels);
         for (size_t x = 0; x < area.width; x += stripPixels)
-            copy(to + x, bytes, std::min(stripPixels, area.width - x));
+            copy(to + x, bytes, std::min(stripPixels, area.width - x), true);
     }
 
     const Plan& plan;
     const Kernels& kernels;
     const Area& area;
-    const bool streaming;
-    size_t wholePixels;  // of a row, that need no copies
+    const bool streamsCopies;
+    const bool streamsDirectly;  // by the only pass
+    const bool buffers;          // and streams from there
+    size_t wholePixels;          // of a row, that need no copies
 
     Strip end, prepared, computed, out;
 };
@@ -310,14 +327,15 @@ bool isOneRow(const Plan& plan, const Area& area) {
 
 }  // namespace
 
-void convertRows(const Plan& plan, const Kernels& kernels, const Area& given, bool streaming) {
+void convertRows(const Plan& plan, const Kernels& kernels, const Area& given,
+                 StreamingKinds streaming) {
     Area area = given;
     if (isOneRow(plan, area)) {
         area.width *= area.height;
         area.height = 1;
     }
     Rows(plan, kernels, area, streaming).convert();
-    if (streaming)
+    if (streaming.moves || streaming.computed)
         kernels.fence();
 }
 

@@ -23,7 +23,13 @@ struct Area {
     size_t height;
 };
 
-// streaming: what is written goes past the cache.
-void convertRows(const Plan& plan, const Kernels& kernels, const Area& area, bool streaming);
+// What is written past the cache: what is only moved, which goes there directly where the rows are
+// aligned, and what is computed, which takes a detour through a buffer.
+struct StreamingKinds {
+    bool moves, computed;
+};
+
+void convertRows(const Plan& plan, const Kernels& kernels, const Area& area,
+                 StreamingKinds streaming);
 
 }  // namespace orva::picture

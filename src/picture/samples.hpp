@@ -5,6 +5,7 @@
 // both.
 #pragma once
 
+#include "frame/memory_access.hpp"
 #include "frame/packed_layouts.hpp"
 #include "picture/passes.hpp"
 #include "simd/v210.hpp"
@@ -101,9 +102,11 @@ template <class PackedLayout> struct PackedBytes {
             packBytes(PackedLayout::template luma<0>(a), PackedLayout::template luma<0>(b)),
             packBytes(PackedLayout::template chroma<0>(a), PackedLayout::template chroma<0>(b))};
     }
-    template <class V> ORVA_INLINE static void put(const Bytes<V>& in, const Target& to, size_t x) {
-        PackedLayout::interleaveLow(in.luma, in.chroma).store(to.plane[0] + 2 * x);
-        PackedLayout::interleaveHigh(in.luma, in.chroma).store(to.plane[0] + 2 * x + V::bytes);
+    template <class Stores, class V>
+    ORVA_INLINE static void put(Stores stores, const Bytes<V>& in, const Target& to, size_t x) {
+        stores.put(PackedLayout::interleaveLow(in.luma, in.chroma), to.plane[0] + 2 * x);
+        stores.put(PackedLayout::interleaveHigh(in.luma, in.chroma),
+                   to.plane[0] + 2 * x + V::bytes);
     }
 };
 template <> struct ByteReader<Layout::uyvy> : PackedBytes<Uyvy> {};
@@ -119,9 +122,10 @@ template <> struct ByteReader<Layout::semiPlanar8> {
     }
 };
 template <> struct ByteWriter<Layout::semiPlanar8> {
-    template <class V> ORVA_INLINE static void put(const Bytes<V>& in, const Target& to, size_t x) {
-        groupHalves(in.luma).store(to.plane[0] + x);
-        groupHalves(in.chroma).store(to.plane[1] + x);
+    template <class Stores, class V>
+    ORVA_INLINE static void put(Stores stores, const Bytes<V>& in, const Target& to, size_t x) {
+        stores.put(groupHalves(in.luma), to.plane[0] + x);
+        stores.put(groupHalves(in.chroma), to.plane[1] + x);
     }
 };
 
@@ -133,8 +137,10 @@ template <> struct ByteReader<Layout::planar8> {
     }
 };
 template <> struct ByteWriter<Layout::planar8> {
-    template <class V> ORVA_INLINE static void put(const Bytes<V>& in, const Target& to, size_t x) {
-        groupHalves(in.luma).store(to.plane[0] + x);
+    // The halves of a vector that go to two planes are always stored through the cache.
+    template <class Stores, class V>
+    ORVA_INLINE static void put(Stores stores, const Bytes<V>& in, const Target& to, size_t x) {
+        stores.put(groupHalves(in.luma), to.plane[0] + x);
         const V pairs = groupHalves(in.chroma);
         groupHalves(packBytes(lowBytes<0>(pairs), highBytes<0>(pairs)))
             .storeHalves(to.plane[1] + x / 2, to.plane[2] + x / 2);
@@ -148,7 +154,8 @@ template <class V> struct WordsPair { Words<V> first, second; };
 template <Layout layout> struct Writer {
     template <class V>
     ORVA_INLINE static void put(const WordsPair<V>& in, const Target& to, size_t x) {
-        ByteWriter<layout>::put(Bytes<V>{packBytes(in.first.luma, in.second.luma),
+        ByteWriter<layout>::put(OrdinaryStores(),
+                                Bytes<V>{packBytes(in.first.luma, in.second.luma),
                                          packBytes(in.first.chroma, in.second.chroma)},
                                 to, x);
     }
