@@ -246,9 +246,9 @@ struct RowRange {
 //
 // No sample is further than 0.6 of a code from the real value that the standards define; samples
 // outside their nominal range keep their value and saturate only where the destination ends (in
-// V210 at 4 and 1019: its other codes are reserved). Same format, matrix and range: the bytes are
-// moved. Beyond the last pixel of an odd row, 4:2:2 repeats its luma, and V210 is zero beyond the
-// last pair.
+// V210 at 4 and 1019: its other codes are reserved). Same format but for an alpha plane, same
+// matrix and range: rows are copied. Else 4:2:2 repeats the luma of an odd row's last pixel behind
+// it, and V210 is zero beyond the last pair.
 //
 // Alpha that the source has goes to its own pixel, or is dropped where the destination has none;
 // alpha that it does not have is Options::alpha in every pixel.

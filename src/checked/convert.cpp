@@ -25,10 +25,12 @@ picture::ImageRows<ByteLike<Byte>> rowsOf(const BasicImageView<Byte>& image, std
         const BasicPlane<Byte>& plane = planeOf(image, index);
         picture::PlaneRows<ByteLike<Byte>> rows;
         if (info.planes[index].unitBytes > 0) {
+            // A single row may have any pitch, even one that no address can move by.
+            const std::ptrdiff_t pitch = image.height > 1 ? plane.pitch : 0;
             Byte* const top = firstRow(plane, image.height);
             rows = {reinterpret_cast<ByteLike<Byte>*>(top) +
-                        static_cast<std::ptrdiff_t>(first) * plane.pitch,
-                    plane.pitch};
+                        static_cast<std::ptrdiff_t>(first) * pitch,
+                    pitch};
         }
         return rows;
     };

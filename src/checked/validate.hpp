@@ -8,7 +8,7 @@ namespace orva {
 // The first row of a plane that has passed the checks.
 template <class Byte> Byte* firstRow(const BasicPlane<Byte>& plane, std::uint32_t height) noexcept {
     const std::ptrdiff_t above = static_cast<std::ptrdiff_t>(height) - 1;
-    return plane.bytes.data() + (plane.pitch < 0 ? above * -plane.pitch : 0);
+    return plane.bytes.data() + (plane.pitch < 0 && above > 0 ? above * -plane.pitch : 0);
 }
 
 // Success means that every row of every plane lies within its span and in no row of another plane
