@@ -1,8 +1,6 @@
 // Chooses the table of kernels when the library is loaded.
 #include "frame/active_kernels.hpp"
 
-#include "frame/processor.hpp"
-
 namespace orva {
 
 namespace sse2 {
@@ -15,7 +13,7 @@ namespace avx512 {
 extern const Kernels kernels;
 }
 
-constinit const KernelTable kernelTables[kernelTableCount] = {
+constinit const Tables<Kernels> kernelTables = {
     {"SSE2", &sse2::kernels, supportsSse2},
     {"AVX2", &avx2::kernels, supportsAvx2},
     {"AVX-512", &avx512::kernels, supportsAvx512},
@@ -23,11 +21,6 @@ constinit const KernelTable kernelTables[kernelTableCount] = {
 
 constinit const Kernels* activeKernels = &sse2::kernels;
 
-[[gnu::constructor]] static void chooseKernels() {
-    __builtin_cpu_init();
-    for (const KernelTable& table : kernelTables)
-        if (table.isSupported())
-            activeKernels = table.kernels;
-}
+[[gnu::constructor]] static void chooseKernels() { activeKernels = newestSupported(kernelTables); }
 
 }  // namespace orva

@@ -1,6 +1,7 @@
 // The tables of kernels, one per instruction set, and the one in use.
 #pragma once
 
+#include "frame/instruction_sets.hpp"
 #include "frame/kernel.hpp"
 
 namespace orva {
@@ -19,15 +20,8 @@ struct Kernels {
     const YuvToYuvKernels& yuvToYuv;
 };
 
-struct KernelTable {
-    const char* instructionSet;
-    const Kernels* kernels;
-    bool (*isSupported)();  // by this processor and its system
-};
-
-// From the oldest instruction set to the newest.
-inline constexpr unsigned kernelTableCount = 3;
-extern const KernelTable kernelTables[kernelTableCount];
+using KernelTable = TableOf<Kernels>;
+extern const Tables<Kernels> kernelTables;
 
 // Those of the newest instruction set that is supported, chosen once when the library is loaded.
 // Only tests and benchmarks change it.

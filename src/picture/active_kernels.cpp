@@ -1,7 +1,6 @@
 // Chooses the engine's table when the library is loaded.
 #include "picture/active_kernels.hpp"
 
-#include "frame/processor.hpp"
 #include "picture/passes.hpp"
 
 namespace orva {
@@ -18,7 +17,7 @@ extern const picture::Kernels pictureKernels;
 
 namespace picture {
 
-constinit const Table tables[tableCount] = {
+constinit const Tables<Kernels> tables = {
     {"SSE2", &sse2::pictureKernels, supportsSse2},
     {"AVX2", &avx2::pictureKernels, supportsAvx2},
     {"AVX-512", &avx512::pictureKernels, supportsAvx512},
@@ -26,12 +25,7 @@ constinit const Table tables[tableCount] = {
 
 constinit const Kernels* activeKernels = &sse2::pictureKernels;
 
-[[gnu::constructor]] static void chooseKernels() {
-    __builtin_cpu_init();
-    for (const Table& table : tables)
-        if (table.isSupported())
-            activeKernels = table.kernels;
-}
+[[gnu::constructor]] static void chooseKernels() { activeKernels = newestSupported(tables); }
 
 }  // namespace picture
 }  // namespace orva

@@ -307,7 +307,7 @@ void run(const Call& call, bool sound, Arenas& arenas) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input({data, size});
-    const picture::Table& table = picture::tables[input.below(picture::tableCount)];
+    const picture::Table& table = picture::tables[input.below(kernelTableCount)];
     picture::activeKernels = (table.isSupported() ? table : picture::tables[0]).kernels;
     Random random(input.byte());
     const Call call = chooseCall(input);
