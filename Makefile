@@ -1,5 +1,5 @@
 # What can be done here; the work is in scripts/.
-.PHONY: help demo test test-windows bench bench-targets format clean
+.PHONY: help demo test test-windows bench bench-targets bench-convert format clean
 
 help:
 	@echo "make demo          build, convert a clip of test frames, show frames per second"
@@ -7,6 +7,7 @@ help:
 	@echo "make test-windows  build the 32-bit Windows library and test it under Wine"
 	@echo "make bench         compare the speed with memory's and with other libraries', takes minutes"
 	@echo "make bench-targets the same, judged, and the 32-bit build's"
+	@echo "make bench-convert the checked library instead: every pair of formats, judged"
 	@echo "make format        format all sources"
 	@echo "make clean         remove build/"
 
@@ -29,6 +30,10 @@ bench:
 bench-targets:
 	@scripts/install-deps bench test
 	@scripts/bench --targets
+
+bench-convert:
+	@scripts/install-deps bench
+	@scripts/bench --convert
 
 format:
 	@scripts/install-deps format

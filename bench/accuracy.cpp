@@ -1,5 +1,7 @@
 // How far the arithmetic of colour conversions is from that of real numbers.
+#include "competitors.hpp"
 #include "report.hpp"
+#include "text.hpp"
 
 #include <algorithm>
 #include <array>
@@ -62,7 +64,7 @@ void note(Errors& errors, const Triple& exact, const Bytes& measured, bool studi
 Errors errorsOf(const Case& c, const std::function<void(const Descriptor&)>& convert) {
     const test::Format &source = c.conversion->source, &destination = c.conversion->destination;
     const Layout layout(c, size, {});
-    std::vector<uint8_t> memory(layout.memoryBytes() + 64);
+    std::vector<uint8_t> memory(layout.frame().bytes() + 64);
     uint8_t* const aligned = memory.data() + (64 - reinterpret_cast<uintptr_t>(memory.data()) % 64);
     const Descriptor d = layout.at(aligned);
     const Matrix matrix(c.dstColorSpace);

@@ -81,12 +81,6 @@ std::vector<Case> cases(std::string_view filter) {
     return list;
 }
 
-size_t Layout::place(size_t bytes, bool offset) {
-    const size_t begin = end + (offset ? 8 : 0);
-    end = toPage(begin + bytes);
-    return begin;
-}
-
 Layout::Layout(const Case& c, Size size, const Options& options) {
     const auto [offset, streaming] = options;
     const test::Format &source = c.conversion->source, &destination = c.conversion->destination;
@@ -122,16 +116,17 @@ Layout::Layout(const Case& c, Size size, const Options& options) {
     // The lines of a pair run ahead of each other by up to 8.
     const size_t srcLines = from.height + (reduces ? 8 : 0);
     const bool alike = srcPixel == dstPixel;
-    src = place(srcLines * size_t(d.srcPitch) * srcPlanes, offset && alike);
-    srcAlpha = place(source.alphaPlane ? size_t(from.width) * from.height : 0, offset);
-    dst = place(size_t(to.height) * size_t(d.dstPitch) * dstPlanes, offset);
-    dstAlpha = place(destination.alphaPlane ? size_t(to.width) * to.height : 0, offset);
+    const size_t behind = offset ? 8 : 0;
+    src = placed.place(srcLines * size_t(d.srcPitch) * srcPlanes, alike ? behind : 0);
+    srcAlpha = placed.place(source.alphaPlane ? size_t(from.width) * from.height : 0, behind);
+    dst = placed.place(size_t(to.height) * size_t(d.dstPitch) * dstPlanes, behind);
+    dstAlpha = placed.place(destination.alphaPlane ? size_t(to.width) * to.height : 0, behind);
 
     const bool onlyAlpha = source.alphaPlane && destination.main == "A8P";
     const uint32_t read = (onlyAlpha ? 0 : srcPixel * srcPlanes) + source.alphaPlane;
     const uint32_t written = dstPixel * dstPlanes + destination.alphaPlane;
-    moved = size_t(from.width) * (reduces ? to.height : from.height) * read +
-            size_t(to.width) * to.height * written;
+    placed.moved = size_t(from.width) * (reduces ? to.height : from.height) * read +
+                   size_t(to.width) * to.height * written;
 }
 
 Descriptor Layout::at(uint8_t* memory) const {

@@ -1,6 +1,7 @@
 // What is measured: every conversion in every form that has kernels of its own.
 #pragma once
 
+#include "frame_memory.hpp"
 #include "support/exports.hpp"
 
 #include <algorithm>
@@ -51,8 +52,6 @@ const test::Export& exportNamed(std::string_view name);
 // All of them, or those whose names contain the filter.
 std::vector<Case> cases(std::string_view filter);
 
-inline size_t toPage(size_t bytes) { return (bytes + 4095) / 4096 * 4096; }
-
 // Where a case's planes of one size lie in memory that begins on a page boundary. Rows follow each
 // other without gaps. The size is that of the larger picture where a mode changes it.
 class Layout {
@@ -66,16 +65,13 @@ public:
     Layout(const Case& c, Size size, const Options& options);
 
     Descriptor at(uint8_t* memory) const;
-    // Bytes of the rows that are read and written. Reducing modes skip lines but no bytes of one.
-    size_t bytesMoved() const { return moved; }
-    // Room for the planes, or to copy half of those bytes from one page boundary to another.
-    size_t memoryBytes() const { return std::max(end, 2 * toPage(moved / 2)); }
+    // Reducing modes skip lines but no bytes of one.
+    const FrameMemory& frame() const { return placed; }
 
 private:
-    size_t place(size_t bytes, bool offset);
-
     Descriptor descriptor{};
-    size_t src, srcAlpha, dst, dstAlpha, end = 0, moved;
+    FrameMemory placed;
+    size_t src, srcAlpha, dst, dstAlpha;
 };
 
 }  // namespace bench

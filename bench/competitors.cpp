@@ -1,8 +1,6 @@
 // Our own kernels, and memory moved.
 #include "competitors.hpp"
 
-#include "frame/active_kernels.hpp"
-
 #include <emmintrin.h>
 
 #include <cstring>
@@ -22,20 +20,30 @@ static bool reducedWhenStreaming(const test::Export& conversion) {
     return conversion.source.main == "BGR24I" && conversion.destination.main == "UVYY16I";
 }
 
-static void addKernels(std::vector<Competitor>& list, const orva::KernelTable& table, const Case& c,
-                       Size size, Form form) {
+Competitor memoryCopy(Size size, const FrameMemory& frame) {
+    // As many bytes read and written together: half of them copied.
+    const size_t half = frame.moved / 2;
+    return {.name = memoryName, .size = size, .frame = frame, .convert = [half](uint8_t* memory) {
+                memcpy(memory + toPage(half), memory, half);
+            }};
+}
+
+void addKernels(std::vector<Competitor>& list, const std::string& name,
+                const orva::KernelTable& table, const Case& c, Size size, Form form) {
     for (const bool streaming : {false, true}) {
         if (streaming && reducedWhenStreaming(*c.conversion))
             continue;
+        const Layout layout(c, size, {.offset = form == Form::offset, .streaming = streaming});
         list.push_back({
-            .name = table.instructionSet,
+            .name = name,
             .streaming = streaming,
             .form = form,
             .size = size,
-            .layout = Layout(c, size, {.offset = form == Form::offset, .streaming = streaming}),
+            .frame = layout.frame(),
             .prepare = [&table] { orva::activeKernels = table.kernels; },
             .convert =
-                [call = c.conversion->call, streaming](const Descriptor& d) {
+                [call = c.conversion->call, layout, streaming](uint8_t* memory) {
+                    const Descriptor d = layout.at(memory);
                     call(&d);
                     // What a host needs before it hands the frame on is part of the price.
                     if (streaming)
@@ -48,30 +56,29 @@ static void addKernels(std::vector<Competitor>& list, const orva::KernelTable& t
 std::vector<Competitor> competitors(const Case& c, Size size, const Selection& selection) {
     std::vector<Competitor> list;
     const Layout layout(c, size, {});
-
-    // As many bytes read and written together: half of them copied.
-    const size_t half = layout.bytesMoved() / 2;
-    const auto copy = [half](const Descriptor& d) {
-        auto* const from = static_cast<const uint8_t*>(d.srcData);
-        memcpy(const_cast<uint8_t*>(from) + toPage(half), from, half);
-    };
-    list.push_back({memoryName, false, Form::fast, size, layout, [] {}, copy});
+    list.push_back(memoryCopy(size, layout.frame()));
 
     for (const orva::KernelTable& table : orva::kernelTables) {
         if (!table.isSupported() ||
             !(selection.allTables || table.instructionSet == std::string_view(bestTable())))
             continue;
-        addKernels(list, table, c, size, Form::fast);
+        const char* const name = table.instructionSet;
+        addKernels(list, name, table, c, size, Form::fast);
         if (!selection.generalForms || c.mode != 0)
             continue;
-        addKernels(list, table, c, size, Form::offset);
+        addKernels(list, name, table, c, size, Form::offset);
         if (size == hd)
-            addKernels(list, table, c, hdAndPair, Form::unevenly);
+            addKernels(list, name, table, c, hdAndPair, Form::unevenly);
     }
     for (const auto& peers : {libyuvPeers(c), swscalePeers(c)})
         for (const Peer& peer : peers)
-            list.push_back(
-                {peer.name, false, Form::fast, size, layout, peer.prepare, peer.convert});
+            list.push_back({.name = peer.name,
+                            .size = size,
+                            .frame = layout.frame(),
+                            .prepare = peer.prepare,
+                            .convert = [layout, convert = peer.convert](uint8_t* memory) {
+                                convert(layout.at(memory));
+                            }});
     return list;
 }
 

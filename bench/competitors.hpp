@@ -1,6 +1,7 @@
 // Who competes over a picture.
 #pragma once
 
+#include "frame/active_kernels.hpp"
 #include "measure.hpp"
 
 namespace bench {
@@ -35,6 +36,13 @@ struct Selection {
 };
 
 const char* bestTable();
+
+// As many bytes moved as the frame's conversion reads and writes.
+Competitor memoryCopy(Size size, const FrameMemory& frame);
+
+// A case's export with both kinds of stores.
+void addKernels(std::vector<Competitor>& list, const std::string& name,
+                const orva::KernelTable& table, const Case& c, Size size, Form form);
 
 std::vector<Competitor> competitors(const Case& c, Size size, const Selection& selection);
 

@@ -8,14 +8,14 @@
 namespace bench {
 
 static void run(benchmark::State& state, const Competitor& competitor, Ring& ring, bool warm) {
-    const size_t slot = competitor.layout.memoryBytes();
+    const size_t slot = competitor.frame.bytes();
     const bool reuse = warm || competitor.size == inCache;
     competitor.prepare();
     for (auto _ : state)
-        competitor.convert(competitor.layout.at(ring.next(slot, reuse)));
+        competitor.convert(ring.next(slot, reuse));
     const double frames = double(state.iterations());
     const double pixels = double(competitor.size.width) * competitor.size.height;
-    state.SetBytesProcessed(int64_t(frames * double(competitor.layout.bytesMoved())));
+    state.SetBytesProcessed(int64_t(frames * double(competitor.frame.moved)));
     state.counters["time/pixel"] = benchmark::Counter(
         frames * pixels, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }

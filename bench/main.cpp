@@ -1,7 +1,9 @@
 // orva-bench: how fast the conversions are, compared with memory and with other libraries.
+#include "competitors.hpp"
+#include "conditions.hpp"
+#include "pair_report.hpp"
+#include "progress.hpp"
 #include "targets.hpp"
-
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -17,6 +19,9 @@ constexpr const char* usage = R"(orva-bench [OPTION...]
   --full            all tables of kernels, sizes and forms of frames
   --targets         judge the speeds as well; fails if one is too low
   --hd              1920x1080 only, all tables
+  --convert         orva::convert instead of the exports: every pair of formats, against the
+                    exports; judged too, but never fails; of the other options only --filter,
+                    --warm, --rounds, --cpu and --out count
   --accuracy        only the table of the arithmetic's errors
   --filter TEXT     conversions whose names contain TEXT
   --compare FILE    with --targets: report.csv of another build
@@ -25,13 +30,14 @@ constexpr const char* usage = R"(orva-bench [OPTION...]
   --warm            one frame that stays in the cache instead of a ring of frames
   --rounds N        samples of each time (15)
   --cpu N           the core to run on
-  --out FOLDER      where report.md, report.csv and report.svg go (.)
+  --out FOLDER      where report.md, report.csv and report.svg go (.), or convert.md and
+                    convert.csv
   --benchmark_...   run single measurements under Google Benchmark; its options
 )";
 
 struct Options {
-    bool help = false, full = false, targets = false, onlyHd = false, accuracy = false,
-         streaming = false;
+    bool help = false, full = false, targets = false, onlyHd = false, convert = false,
+         accuracy = false, streaming = false;
     std::string filter, compare, out = ".";
     Method method;
     int cpu = -1;
@@ -51,7 +57,7 @@ Options parse(int argc, char** argv) {
         {"--full", &options.full},         {"--targets", &options.targets},
         {"--hd", &options.onlyHd},         {"--accuracy", &options.accuracy},
         {"--warm", &options.method.reuse}, {"--streaming", &options.streaming},
-        {"--help", &options.help}};
+        {"--convert", &options.convert},   {"--help", &options.help}};
     const std::pair<std::string_view, std::string*> values[] = {{"--filter", &options.filter},
                                                                 {"--compare", &options.compare},
                                                                 {"--out", &options.out},
@@ -88,55 +94,40 @@ std::vector<Row> measureAll(const Options& options, Ring& ring) {
 
     const auto list = cases(options.filter);
     std::vector<Row> rows;
+    Progress progress(list.size() * sizes.size());
     for (const Case& c : list)
         for (const Size size : sizes) {
-            if (isatty(STDERR_FILENO))
-                std::cerr << text("\r\33[K%zu of %zu: %s %s", rows.size() + 1,
-                                  list.size() * sizes.size(), c.name().c_str(),
-                                  label(size).c_str());
+            progress.next(c.name() + " " + label(size));
             const bool hdTargets = options.targets && size == hd;
-            Row row{c, size,
-                    competitors(c, size,
-                                {.allTables = options.full || size == hd,
-                                 .generalForms = options.full || hdTargets})};
+            const Selection selection{.allTables = options.full || size == hd,
+                                      .generalForms = options.full || hdTargets};
             Method method = options.method;
             method.reuse |= size == inCache;
-            measure(row.competitors, ring, method);
-            for (Competitor& competitor : row.competitors)
-                competitor.prepare = nullptr, competitor.convert = nullptr;
-            rows.push_back(std::move(row));
+            rows.push_back({compare(size, competitors(c, size, selection), ring, method), c});
         }
-    if (isatty(STDERR_FILENO))
-        std::cerr << "\r\33[K";
     return rows;
 }
 
-std::string conditions(const Options& options, const Ring& ring) {
-    std::ostringstream out;
-    out << processorName() << text(", last-level cache %zu MB, ", cacheBytes() >> 20)
-        << sizeof(void*) * 8 << "-bit build. One thread on one core; medians of "
-        << options.method.rounds << " samples.\n"
-        << (options.method.reuse
-                ? "Every frame is converted again and again and stays in the cache if it fits.\n"
-                : text("Frames of 320x64 stay in the cache; larger ones come from a ring of %zu "
-                       "MB and have left it.\n",
-                       ring.bytes() >> 20))
-        << "Ratios are times: below 1 is faster than the other.\n";
-    for (const auto& [name, has] : {std::pair("libyuv", ORVA_BENCH_LIBYUV != 0),
-                                    std::pair("swscale", ORVA_BENCH_SWSCALE != 0)})
-        if (!has)
-            out << name << " was not there when this program was built.\n";
-    return out.str();
+template <class Row> void expectSome(const std::vector<Row>& rows, const Options& options) {
+    if (rows.empty())
+        throw std::invalid_argument("no conversion's name contains '" + options.filter + "'");
+}
+
+// Where reports go.
+std::filesystem::path folderOf(const Options& options) {
+    std::filesystem::create_directories(options.out);
+    return options.out;
 }
 
 int report(const Options& options, Ring& ring) {
     const OtherBuild other = options.compare.empty() ? OtherBuild() : OtherBuild(options.compare);
     const std::vector<Row> rows = measureAll(options, ring);
-    if (rows.empty())
-        throw std::invalid_argument("no conversion's name contains '" + options.filter + "'");
+    expectSome(rows, options);
 
     std::ostringstream markdown;
-    writeMarkdown(markdown, rows, options.full, conditions(options, ring));
+    writeMarkdown(
+        markdown, rows, options.full,
+        conditions(std::to_string(options.method.rounds) + " samples", options.method.reuse, ring));
     bool met = true;
     if (options.targets) {
         markdown << "\n";
@@ -148,13 +139,31 @@ int report(const Options& options, Ring& ring) {
     }
     std::cout << markdown.str();
 
-    const std::filesystem::path folder(options.out);
-    std::filesystem::create_directories(folder);
+    const std::filesystem::path folder = folderOf(options);
     std::ofstream(folder / "report.md") << markdown.str();
     std::ofstream csv(folder / "report.csv"), chart(folder / "report.svg");
     writeCsv(csv, rows);
     writeChart(chart, rows);
     return met ? 0 : 1;
+}
+
+void reportPairs(const Options& options, Ring& ring) {
+    const std::vector<PairRow> rows = measurePairs(pairs(options.filter), ring, options.method);
+    expectSome(rows, options);
+
+    std::ostringstream markdown;
+    markdown << conditions(samplesOfPairs(options.method), options.method.reuse, ring)
+             << "Chroma is cosited; exports repeat or sample it, which is less work. Of "
+                "their stores the better kind counts.\n";
+    writePairs(markdown, rows);
+    markdown << "\n";
+    writePairTargets(markdown, rows);
+    std::cout << markdown.str();
+
+    const std::filesystem::path folder = folderOf(options);
+    std::ofstream(folder / "convert.md") << markdown.str();
+    std::ofstream csv(folder / "convert.csv");
+    writePairsCsv(csv, rows);
 }
 
 }  // namespace
@@ -174,6 +183,10 @@ int main(int argc, char** argv) try {
     Ring ring;
     if (options.streaming) {
         writeStreaming(std::cout, ring, options.method.rounds);
+        return 0;
+    }
+    if (options.convert) {
+        reportPairs(options, ring);
         return 0;
     }
     std::vector<char*>& others = options.ofGoogleBenchmark;

@@ -7,7 +7,19 @@
 namespace bench {
 
 const char* label(Form form) {
-    return form == Form::fast ? "fast" : form == Form::offset ? "general" : "general 1922";
+    switch (form) {
+    case Form::fast:
+        return "fast";
+    case Form::offset:
+        return "general";
+    case Form::unevenly:
+        return "general 1922";
+    case Form::odd:
+        return "odd addresses";
+    case Form::crop:
+        return "crop";
+    }
+    return "";
 }
 
 // Processor time of this thread in nanoseconds: other programs' turns do not count.
@@ -20,16 +32,17 @@ static double now() {
 void measure(std::span<Competitor> competitors, Ring& ring, const Method& method) {
     size_t slot = 0;
     for (const Competitor& competitor : competitors)
-        slot = std::max(slot, competitor.layout.memoryBytes());
+        slot = std::max(slot, competitor.frame.bytes());
 
     for (int round = 0; round < method.rounds; ++round) {
         for (Competitor& c : competitors) {
-            const auto call = [&] { c.convert(c.layout.at(ring.next(slot, method.reuse))); };
+            const auto call = [&] { c.convert(ring.next(slot, method.reuse)); };
             c.prepare();
             // Until the cache holds nothing but its own lines: it writes back those that others
             // left modified, and others write back its.
-            const size_t moved = c.layout.bytesMoved();
-            const size_t lead = method.reuse ? 1 : (cacheBytes() + moved - 1) / moved;
+            const size_t moved = c.frame.moved;
+            const size_t filled = std::min(cacheBytes(), method.lead);
+            const size_t lead = method.reuse ? 1 : (filled + moved - 1) / moved;
             for (size_t i = 0; i < lead; ++i)
                 call();
             // Long enough for the clock.

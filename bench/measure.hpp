@@ -14,24 +14,30 @@ enum class Form {
     fast,      // rows aligned and of whole blocks
     offset,    // destination rows 8 bytes behind a 16-byte boundary
     unevenly,  // 1922 pixels wide instead of 1920: rows begin and end anywhere
+    odd,       // planes of both sides one byte behind a 16-byte boundary
+    crop,      // of larger frames, from each format's first column that is not 0 on
 };
 
 const char* label(Form form);
 
 struct Competitor {
     std::string name;  // of a table of kernels or a peer
-    bool streaming;
-    Form form;
+    bool streaming = false;
+    Form form = Form::fast;
     Size size;
-    Layout layout;
-    std::function<void()> prepare;  // not timed, before each run of timed calls
-    std::function<void(const Descriptor&)> convert;
+    FrameMemory frame;
+    std::function<void()> prepare = [] {};  // not timed, before each run of timed calls
+    // A frame in memory that begins on a page boundary.
+    std::function<void(uint8_t* memory)> convert;
     std::vector<double> samples{};  // nanoseconds per pixel, one of each round
 };
 
 struct Method {
     bool reuse = false;  // one frame again and again instead of a ring of frames
     int rounds = 15;
+    // How much is moved before timed calls at most, if the cache is larger: some servers' are so
+    // large that many short rounds tell more.
+    size_t lead = SIZE_MAX;
 };
 
 // Fills in the samples. Every round measures each competitor once, so that a disturbance hits all

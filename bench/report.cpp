@@ -1,44 +1,12 @@
 // The tables.
 #include "report.hpp"
 
-#include "frame/active_kernels.hpp"
+#include "competitors.hpp"
+#include "text.hpp"
 
 #include <algorithm>
-#include <cstdarg>
-#include <cstdio>
 
 namespace bench {
-
-const Competitor* Row::find(std::string_view name, bool streaming, Form form) const {
-    const auto found = std::ranges::find_if(competitors, [&](const Competitor& c) {
-        return c.name == name && c.streaming == streaming && c.form == form;
-    });
-    return found == competitors.end() ? nullptr : &*found;
-}
-
-const Competitor* Row::better(std::string_view name, Form form) const {
-    const Competitor *ordinary = find(name, false, form), *streaming = find(name, true, form);
-    return streaming && ratio(*streaming, *ordinary) < 1 ? streaming : ordinary;
-}
-
-std::optional<double> Row::against(const Competitor& ours, std::string_view theirs) const {
-    const Competitor* const other = find(theirs);
-    return other ? std::optional(ratio(ours, *other)) : std::nullopt;
-}
-
-double Row::gigabytesPerSecond(const Competitor& competitor) const {
-    const double pixels = double(competitor.size.width) * competitor.size.height;
-    return double(competitor.layout.bytesMoved()) / (pixels * median(competitor.samples));
-}
-
-std::string text(const char* format, ...) {
-    char buffer[512];
-    va_list arguments;
-    va_start(arguments, format);
-    vsnprintf(buffer, sizeof buffer, format, arguments);
-    va_end(arguments);
-    return buffer;
-}
 
 namespace {
 
@@ -64,7 +32,7 @@ std::string ratios(const Row& row, const Competitor& ours, const char* separator
 void writeLine(std::ostream& out, const Row& row, const Competitor& ours, bool withForm) {
     out << "| " << row.measured.name() << " | " << label(row.size) << " | " << ours.name << " | "
         << stores(ours) << (withForm ? text(", %s", label(ours.form)) : "")
-        << text(" | %.4f | %.1f", median(ours.samples), row.gigabytesPerSecond(ours))
+        << text(" | %.4f | %.1f", median(ours.samples), gigabytesPerSecond(ours))
         << ratios(row, ours, " | ") << " |\n";
 }
 
@@ -113,7 +81,7 @@ void writeCsv(std::ostream& out, const std::vector<Row>& rows) {
         for (const Competitor& c : row.competitors)
             out << row.measured.name() << "," << label(row.size) << "," << c.name << ","
                 << stores(c) << "," << label(c.form) << ","
-                << text("%.5f,%.2f", median(c.samples), row.gigabytesPerSecond(c))
+                << text("%.5f,%.2f", median(c.samples), gigabytesPerSecond(c))
                 << ratios(row, c, ",") << "\n";
 }
 

@@ -1,32 +1,16 @@
 // What was measured, for people and for programs.
 #pragma once
 
-#include "competitors.hpp"
+#include "comparison.hpp"
 
-#include <optional>
 #include <ostream>
 
 namespace bench {
 
 // One case at one size, measured.
-struct Row {
+struct Row : Comparison {
     Case measured;
-    Size size;
-    std::vector<Competitor> competitors;
-
-    // Null if it did not take part.
-    const Competitor* find(std::string_view name, bool streaming = false,
-                           Form form = Form::fast) const;
-    // The kind of stores with which it is faster, where there are two.
-    const Competitor* better(std::string_view name, Form form = Form::fast) const;
-    // How many times as long our kernels take as another competitor.
-    std::optional<double> against(const Competitor& ours, std::string_view theirs) const;
-
-    double gigabytesPerSecond(const Competitor& competitor) const;
 };
-
-// printf into a string.
-[[gnu::format(printf, 1, 2)]] std::string text(const char* format, ...);
 
 // The table of the best kernels with the better kind of stores, or of all of them.
 void writeMarkdown(std::ostream& out, const std::vector<Row>& rows, bool everything,

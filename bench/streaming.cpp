@@ -1,5 +1,7 @@
 // The sizes of frames from which on streaming stores pay.
+#include "competitors.hpp"
 #include "report.hpp"
+#include "text.hpp"
 
 #include <array>
 
@@ -8,9 +10,8 @@ namespace bench {
 static double streamingToOrdinary(const Case& c, Size size, Ring& ring, const Method& method) {
     std::vector<Competitor> kinds = competitors(c, size, {});
     std::erase_if(kinds, [](const Competitor& k) { return k.name != bestTable(); });
-    measure(kinds, ring, method);
-    const Row row{c, size, kinds};
-    return ratio(*row.find(bestTable(), true), *row.find(bestTable(), false));
+    const Comparison measured = compare(size, std::move(kinds), ring, method);
+    return ratio(*measured.find(bestTable(), true), *measured.find(bestTable(), false));
 }
 
 void writeStreaming(std::ostream& out, Ring& ring, int rounds) {

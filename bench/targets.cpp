@@ -1,9 +1,10 @@
 // Judges measurements.
 #include "targets.hpp"
 
-#include "frame/active_kernels.hpp"
+#include "competitors.hpp"
+#include "judgement.hpp"
+#include "text.hpp"
 
-#include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
@@ -33,52 +34,6 @@ std::optional<double> OtherBuild::better(const Row& row, std::string_view table)
 }
 
 namespace {
-
-struct Target {
-    std::string name;
-    double limit;
-    std::vector<std::pair<double, std::string>> measured{};
-};
-
-class Judgement {
-public:
-    void expect(const std::string& name, double limit, std::optional<double> measured,
-                const std::string& where) {
-        if (!measured)
-            return;
-        auto target = std::ranges::find(targets, name, &Target::name);
-        if (target == targets.end())
-            target = targets.insert(target, {name, limit});
-        target->measured.emplace_back(*measured, where);
-    }
-
-    bool write(std::ostream& out) {
-        bool allMet = true;
-        std::string misses;
-        out << "| target | at most | measured | missed | worst | |\n|---|--:|--:|--:|---|---|\n";
-        for (Target& target : targets) {
-            std::ranges::sort(target.measured, std::greater());
-            size_t missed = 0;
-            for (const auto& [times, where] : target.measured) {
-                if (times <= target.limit)
-                    break;
-                ++missed;
-                misses += text("- %s: %s %.3f\n", target.name.c_str(), where.c_str(), times);
-            }
-            const auto& [worst, where] = target.measured.front();
-            out << text("| %s | %.2f | %zu | %zu | %.3f %s | %s |\n", target.name.c_str(),
-                        target.limit, target.measured.size(), missed, worst, where.c_str(),
-                        missed == 0 ? "pass" : "FAIL");
-            allMet &= missed == 0;
-        }
-        if (!misses.empty())
-            out << "\nMissed:\n\n" << misses;
-        return allMet;
-    }
-
-private:
-    std::vector<Target> targets;
-};
 
 double sse2Limit(Family family) {
     switch (family) {
