@@ -6,13 +6,13 @@
 //     if (orva::Result result = orva::convert(frame.view(), screen->view()); !result)
 //         std::cerr << result.describe() << '\n';
 //
-// No function here throws unless it returns a string or a vector, and only Image allocates.
+// No function here throws or allocates unless it returns a string, a vector or an Image. convert()
+// takes less than 64 KB of stack.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <new>
 #include <optional>
 #include <span>
 #include <string>
@@ -72,7 +72,7 @@ struct FormatInfo {
     Format colour;                // the same without its alpha plane
     Model model;
     std::uint8_t bits;  // of a sample: 8 or 10
-    bool hasAlpha;      // as a fourth byte, as a plane, or alone
+    bool hasAlpha;      // in the pixels, as a plane, or alone
     std::array<PlaneInfo, planeCount> planes;
 };
 
@@ -182,13 +182,13 @@ private:
 enum class ErrorCode : std::uint8_t {
     none,
     badFormat,         // a value that is no format
-    noSuchConversion,  // colour out of alpha alone, or alpha out of colour without alpha
+    noSuchConversion,  // colour of alpha alone, alpha of colour without it, or into A8C
     badOption,         // an option outside its range
     sizeMismatch,      // the images differ in width or height
-    nullPlane,         // a plane that the format has is empty
+    nullPlane,         // a plane that the format has is not there
     pitchBelowRow,     // rows would overlap one another
     shortPlane,        // a plane is shorter than its rows
-    overlap,           // two planes share bytes, at least one of them written
+    overlap,           // two planes share bytes, gaps between rows included, and one is written
     badRows,           // rows outside the image
 };
 
@@ -221,7 +221,8 @@ enum class Range : std::uint8_t { studio, full };
 enum class Chroma : std::uint8_t { cosited, nearest };
 
 // Whether frames are written past the cache, which is faster where they are not read again soon.
-// Never changes a byte. Automatic: where samples only move, in pictures of 2 MB and more.
+// Never changes a byte. Automatic: what only moves, in pictures of 2 MB and more, source and
+// destination together.
 enum class Streaming : std::uint8_t { automatic, never, always };
 
 struct Options {
@@ -253,8 +254,8 @@ struct RowRange {
 // Alpha that the source has goes to its own pixel, or is dropped where the destination has none;
 // alpha that it does not have is Options::alpha in every pixel.
 //
-// The two images may share a plane in which both keep the same number of bytes per pixel: first
-// rows at the same address, with the same pitch. Any other overlap is refused.
+// The two images may share the same one of their planes where both divide it into the same units
+// (PlaneInfo): first rows at the same address, with the same pitch. Any other overlap is refused.
 //
 // Converting the rows in ranges, in any order and on any threads, gives the same bytes as
 // converting them all at once. Does not allocate. An empty image or row range is done at once.
@@ -270,8 +271,8 @@ struct Conversion {
 // Every pair, by source and then destination in the order of the enumeration.
 std::vector<Conversion> conversions();
 
-// Whether convert() knows the pair: all pairs of colours, alpha to alpha, and colour with alpha to
-// alpha alone.
+// Whether convert() knows the pair: every colour to every colour, and what has alpha, A8C included,
+// to A8P.
 bool canConvert(Format source, Format destination) noexcept;
 
 }  // namespace orva

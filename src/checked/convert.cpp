@@ -76,7 +76,9 @@ Result convert(const ConstImageView& source, const ImageView& destination, const
     picture::convertRows(
         plan, kernels,
         {rowsOf(source, rows.first), rowsOf(destination, rows.first), source.width, height},
-        streamingKinds(options.streaming, source.format, destination.format, source.width, height));
+        streamingKinds(options.streaming, source.format, destination.format, source.width,
+                       source.height));
+    // The oldest table alone has no wide registers.
     if (&kernels != picture::tables[0].kernels) {
         leaveWideRegisters();
     }

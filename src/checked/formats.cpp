@@ -1,4 +1,6 @@
 // The table of formats, the look-up by name, and which pairs convert.
+#include "picture/units.hpp"
+
 #include <orva/convert.hpp>
 
 #include <algorithm>
@@ -117,15 +119,7 @@ std::optional<Format> formatNamed(std::string_view name) noexcept {
 
 std::uint64_t rowBytes(Format format, PlaneIndex plane, std::uint32_t width) noexcept {
     const PlaneInfo info = plane < planeCount ? formatInfo(format).planes[plane] : none;
-    if (info.unitBytes == 0) {
-        return 0;
-    }
-    // Constant divisors, which take a tenth of the time.
-    const std::uint64_t last = std::uint64_t{width} + info.unitPixels - 1;
-    const std::uint64_t units = info.unitPixels == 1   ? last
-                                : info.unitPixels == 2 ? last / 2
-                                                       : last / 6;
-    return units * info.unitBytes;
+    return bytesOfUnits<std::uint64_t>(info, width);
 }
 
 bool canConvert(Format source, Format destination) noexcept {

@@ -142,12 +142,17 @@ Result checkOverlap(const Extents& source, const Extents& destination, std::uint
     };
     for (std::size_t i = 0; i < planeCount; ++i) {
         for (std::size_t j = 0; j < planeCount; ++j) {
-            const bool shared = overlap(destination[i], source[j]) &&
-                                !(i == j && inPlace(destination[i], source[j], height));
-            if (shared || (j < i && overlap(destination[i], destination[j]))) {
-                return fail(ErrorCode::overlap, destinationFields.planes[i].plane, 0,
-                            "give the destination plane memory of its own, or the very rows of "
-                            "the source's plane where both take as many bytes per pixel");
+            const bool withSource = overlap(destination[i], source[j]) &&
+                                    !(i == j && inPlace(destination[i], source[j], height));
+            if (withSource || (j < i && overlap(destination[i], destination[j]))) {
+                const Extent& other = withSource ? source[j] : destination[j];
+                return fail(ErrorCode::overlap, destinationFields.planes[i].plane,
+                            static_cast<std::int64_t>(
+                                reinterpret_cast<std::uintptr_t>(destination[i].begin) -
+                                reinterpret_cast<std::uintptr_t>(other.begin)),
+                            "it begins that many bytes behind a plane that it overlaps, row gaps "
+                            "included: give it memory of its own, or the very rows of the "
+                            "source's plane if both have the same units");
             }
         }
     }
@@ -163,6 +168,10 @@ Result validate(const ConstImageView& source, const ConstImageView& destination,
     }
     if (const Result result = checkFormat(destination.format, destinationFields); !result) {
         return result;
+    }
+    if (destination.format == Format::A8C) {
+        return fail(ErrorCode::noSuchConversion, destinationFields.format,
+                    static_cast<int>(Format::A8C), "it has no planes, so it is a source only");
     }
     if (!canConvert(source.format, destination.format)) {
         return fail(ErrorCode::noSuchConversion, destinationFields.format,

@@ -110,7 +110,7 @@ FromPixels fromPixels(const PixelOrder& source, const Coding& destination) {
         const int16_t b = fixed(blue, bits), r = fixed(red, bits);
         PixelWeights w = {};
         w.byte[source.blue] = b;
-        w.byte[source.green] = int16_t(fixed(sum, bits) - b - r);
+        w.byte[source.green] = int16_t(rounded(sum * (1 << bits)) - b - r);
         w.byte[source.red] = r;
         return w;
     };

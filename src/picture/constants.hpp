@@ -7,8 +7,7 @@
 
 namespace orva::picture {
 
-// A pass's words hold luma at 10-bit scale (4 * Y of 8 bits) and chroma at twice that, centred on
-// 0.
+// The maths takes luma at 10-bit scale (4 * Y of 8 bits) and chroma at twice that, centred on 0.
 
 struct ChromaWeights {
     int16_t cb, cr;

@@ -3,6 +3,8 @@
 #include "picture/move_passes.hpp"
 #include "picture/v210_passes.hpp"
 
+#include <utility>
+
 namespace orva::ORVA_ISA {
 namespace {
 
@@ -20,8 +22,6 @@ void stream(uint8_t* to, const uint8_t* from, size_t bytes) {
             Wide::load(from + i).stream(to + i);
     __builtin_memcpy(to + at, from + at, bytes - at);
 }
-
-template <size_t... layouts> struct Layouts {};
 
 template <Pass ordinary, Pass streaming> constexpr picture::MovePass moves{ordinary, streaming};
 
@@ -63,19 +63,19 @@ template <Layout from, Layout to> constexpr void addMove(picture::Kernels& k) {
         k.move[from][to] = moves<move<from, to, OrdinaryStores>, move<from, to, StreamingStores>>;
 }
 template <Layout from, size_t... to>
-constexpr void addMovesFrom(picture::Kernels& k, Layouts<to...>) {
+constexpr void addMovesFrom(picture::Kernels& k, std::index_sequence<to...>) {
     (addMove<from, Layout(to)>(k), ...);
 }
 
 template <size_t... all, size_t... bytes>
-constexpr picture::Kernels makeKernels(Layouts<all...>, Layouts<bytes...>) {
+constexpr picture::Kernels makeKernels(std::index_sequence<all...>, std::index_sequence<bytes...>) {
     picture::Kernels k{};
     k.block = block;
     (addLayout<Layout(all), CositedUp, CositedDown>(k, size_t(Chroma::cosited)), ...);
     (addLayout<Layout(all), NearestUp, NearestDown>(k, size_t(Chroma::nearest)), ...);
     ((k.unpack[all] = unpack<Layout(all)>), ...);
     ((k.fromSamples[all] = fromSamples<Layout(all)>), ...);
-    (addMovesFrom<Layout(bytes)>(k, Layouts<bytes...>()), ...);
+    (addMovesFrom<Layout(bytes)>(k, std::index_sequence<bytes...>()), ...);
     k.reorderPairs = moves<reorderPairs<OrdinaryStores>, reorderPairs<StreamingStores>>;
     k.repack[0][0][0] = repacks<3, 3, false>;
     k.repack[0][1][0] = repacks<3, 4, false>;
@@ -94,6 +94,7 @@ constexpr picture::Kernels makeKernels(Layouts<all...>, Layouts<bytes...>) {
 
 extern const picture::Kernels pictureKernels;
 constinit const picture::Kernels pictureKernels =
-    makeKernels(Layouts<0, 1, 2, 3, 4, 5, 6, 7>(), Layouts<0, 1, 2, 3, 4>());
+    makeKernels(std::make_index_sequence<Layout::layoutCount>(),
+                std::make_index_sequence<Layout::byteLayouts>());
 
 }  // namespace orva::ORVA_ISA

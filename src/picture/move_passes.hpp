@@ -17,7 +17,7 @@ void move(const Piece& piece, const Constants&) {
 template <class Stores> void reorderPairs(const Piece& piece, const Constants& c) {
     const Reorder order(c.order);
     forBlocks(piece, [&](const Source& from, const Target& to, size_t x) {
-        for (const size_t i : {2 * x, 2 * x + Wide::bytes})
+        for (size_t i = 2 * x; i < 2 * (x + block); i += Wide::bytes)
             Stores().put(order(Wide::load(from.plane[0] + i)), to.plane[0] + i);
     });
 }

@@ -3,12 +3,13 @@
 //
 // A pass reads the planes of one layout and writes those of another. One layout exists only between
 // passes, in strips of a few hundred pixels that stay in the first-level cache: samples are words,
-// a plane of luma and one of (Cb, Cr) pairs, of 10 bits where V210 was unpacked and of the
-// destination's depth, not yet bounded, behind the maths.
+// a plane of luma and one of (Cb, Cr) pairs, at 10-bit scale before the maths and of the
+// destination's depth, not yet bounded, behind it.
 //
-// All passes convert whole blocks: they round the number of pixels up to Kernels::block and may
-// read and write as much more. The rows that a caller gives are never touched beyond their end:
-// what is left of a row behind its last whole block passes through padded copies (rows.cpp).
+// Passes convert whole blocks: they read and write as if the number of pixels were rounded up to
+// Kernels::block. Only V210 is read and written in its own units of six pixels. The rows that a
+// caller gives are never touched beyond their end: what is left of a row behind its last whole
+// block passes through padded copies (rows.cpp).
 #pragma once
 
 #include "picture/constants.hpp"
@@ -78,7 +79,8 @@ struct Kernels {
     // Samples to what a destination holds, bounded. Of V210, exactly the units are written.
     Pass fromSamples[layoutCount];
 
-    // Samples of 8 bits moved from one layout to another; null between packed ones.
+    // Samples of 8 bits moved from one layout to another; null between packed ones and from a
+    // layout to itself.
     MovePass move[byteLayouts][byteLayouts];
     // The four bytes of packed pairs in Constants::order.
     MovePass reorderPairs;
@@ -91,7 +93,7 @@ struct Kernels {
 
     // Copies bytes, whole cache lines of the destination past the cache.
     void (*stream)(uint8_t* to, const uint8_t* from, size_t bytes);
-    // Orders what was streamed before everything that follows.
+    // Orders what was streamed before every later store.
     void (*fence)();
 };
 

@@ -24,14 +24,16 @@ Layout layoutOf(Format colour) {
         return semiPlanar10;
     case Format::Y10PU10PV10P:
         return planar10;
-    default:
+    case Format::V210:
         return v210;
+    default:  // no other format is YCbCr
+        __builtin_unreachable();
     }
 }
 
 // The samples of a packed pair, second luma "w", or of a pixel in memory order. Pixels of 3 bytes
 // have their alpha, if they get any, behind them.
-std::string_view bytesOf(Format colour) {
+std::string_view lettersOf(Format colour) {
     switch (colour) {
     case Format::UYVY16I:
         return "uyvw";
@@ -62,10 +64,11 @@ Shape shapeOf(const FormatInfo& colour) {
         shape.planes[i] = colour.planes[i];
     if (colour.model != Model::ycbcr || colour.format == Format::V210)
         return shape;
-    const std::string_view bytes = bytesOf(colour.format);
+    const std::string_view letters = lettersOf(colour.format);
     shape.lumaBytes = colour.bits > 8 ? 2 : 1;
     for (size_t i = 0; i < 2; ++i)
-        shape.lumaOfPair[i] = uint8_t(bytes.empty() ? i * shape.lumaBytes : bytes.find("yw"[i]));
+        shape.lumaOfPair[i] =
+            uint8_t(letters.empty() ? i * shape.lumaBytes : letters.find("yw"[i]));
     return shape;
 }
 
@@ -77,14 +80,14 @@ struct Side {
 
     Layout layout() const { return layoutOf(info.format); }
     Coding coding() const { return {matrix, range, info.bits}; }
-    std::string_view bytes() const { return bytesOf(info.format); }
+    std::string_view letters() const { return lettersOf(info.format); }
     bool isRgb() const { return info.model == Model::rgb; }
     bool hasPixels32() const { return isRgb() && info.planes[mainPlane].unitBytes == 4; }
     PixelKind pixelKind() const {
         return !hasPixels32() ? noAlpha : order().alpha == 0 ? alphaFirst : alphaLast;
     }
     PixelOrder order() const {
-        const auto at = [this](char name) { return static_cast<uint8_t>(bytes().find(name)); };
+        const auto at = [this](char name) { return static_cast<uint8_t>(letters().find(name)); };
         return {at('b'), at('g'), at('r'), at('a')};
     }
 };
@@ -178,7 +181,7 @@ private:
     void orderBytes() {
         for (size_t i = 0; i < 4; ++i)
             plan.constants.order[i] =
-                static_cast<uint8_t>(source.bytes().find(destination.bytes()[i]));
+                static_cast<uint8_t>(source.letters().find(destination.letters()[i]));
     }
 
     const Side& source;

@@ -5,8 +5,8 @@
 
 namespace orva::picture {
 
-// The planes that passes read or write of a row, and for 4:2:2 where the second luma of a pair is
-// and the first: beyond an odd row's end one repeats the other.
+// The planes that passes read or write of a row, and for 4:2:2 where the two luma samples of a pair
+// are: beyond an odd row's end the second repeats the first.
 struct Shape {
     PlaneInfo planes[planeCount];
     uint8_t lumaOfPair[2];

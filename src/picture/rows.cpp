@@ -10,6 +10,8 @@
 // A piece is some pixels of one row, or as many whole rows as fit.
 #include "picture/rows.hpp"
 
+#include "picture/units.hpp"
+
 #include <algorithm>
 #include <cstring>
 
@@ -20,34 +22,36 @@ namespace {
 // hold all that a piece touches.
 constexpr size_t stripPixels = 768;
 
-// Whole units before a row's pixel x. Divisions by constants: a piece takes a dozen of them.
-size_t unitsBefore(PlaneInfo plane, size_t x) {
-    return plane.unitPixels == 1 ? x : plane.unitPixels == 2 ? x / 2 : x / 6;
-}
-
 size_t offsetOf(PlaneInfo plane, size_t x) { return unitsBefore(plane, x) * plane.unitBytes; }
 
-// Of the units that hold so many pixels; 0 for a plane that there is not.
-size_t bytesOf(PlaneInfo plane, size_t pixels) {
-    return unitsBefore(plane, pixels + plane.unitPixels - 1) * plane.unitBytes;
-}
+size_t bytesOf(PlaneInfo plane, size_t pixels) { return bytesOfUnits(plane, pixels); }
 
-// A piece of every plane of a layout, with room before it for the pixel that precedes it and behind
-// it for the rest of a block. What lies there is computed with, but never gets out, so it may be
-// anything.
-class Strip {
+// A piece of every plane of a layout, with room before it for the pixel that precedes it. What is
+// not filled of it is computed with, but never gets out, so it may be anything.
+template <size_t planes, size_t bytesPerPixel> class Strip {
 public:
-    Target target() { return {{plane(0), plane(1), plane(2), plane(3)}}; }
-    Source source() { return {{plane(0), plane(1), plane(2), plane(3)}}; }
+    Target target() {
+        Target all = {};
+        for (size_t i = 0; i < planes; ++i)
+            all.plane[i] = bytes[i] + before;
+        return all;
+    }
+    Source source() {
+        Source all = {};
+        for (size_t i = 0; i < planes; ++i)
+            all.plane[i] = bytes[i] + before;
+        return all;
+    }
 
 private:
-    static constexpr size_t before = 64, behind = 256;  // bytes
+    static constexpr size_t before = 64;
 
-    uint8_t* plane(size_t i) { return bytes[i] + before; }
-
-    // A pixel takes at most 4 bytes of a plane.
-    alignas(64) uint8_t bytes[planeCount][before + 4 * stripPixels + behind];
+    alignas(64) uint8_t bytes[planes][before + bytesPerPixel * stripPixels];
 };
+
+// What a caller's rows hold, and samples.
+using RowStrip = Strip<planeCount, 4>;
+using SampleStrip = Strip<2, 2>;
 
 // ---- Ends of rows ----
 
@@ -301,7 +305,8 @@ private:
     const bool buffers;          // and streams from there
     size_t wholePixels;          // of a row, that need no copies
 
-    Strip end, prepared, computed, out;
+    RowStrip end, out;
+    SampleStrip prepared, computed;
 };
 
 // Whether rows follow one another without gaps, so that they are one long row to passes that see

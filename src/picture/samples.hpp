@@ -17,7 +17,7 @@ using picture::Piece;
 using picture::Source;
 using picture::Target;
 
-// At 10-bit scale.
+// At 10-bit scale from readers, of the destination's depth and not yet bounded to writers.
 template <class V> struct Words { V luma, chroma; };
 
 // ---- Readers: words of 10-bit scale from pixel x on; and the bytes of a pair in each plane ----

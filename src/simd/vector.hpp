@@ -1,8 +1,8 @@
 // The vectors that kernels are written over.
 //
 // The arithmetic of every conversion is defined on 128-bit vectors. A wider vector is `lanes` of
-// them side by side, and every operation here works within each 128-bit lane, so a kernel written
-// once over a vector type gives the same bytes at every width. What differs between widths is how
+// them side by side, and arithmetic works within each 128-bit lane, so a kernel written once over a
+// vector type gives the same bytes at every width. What differs between widths is how
 // memory meets lanes: a wide load is one run of bytes, and the spread/group functions move halves
 // or quarters of lanes so that unpacking and packing, which work lane by lane, keep that run in
 // order.
@@ -40,7 +40,7 @@ using Wide = Vec256;
 using Wide = Vec128;
 #endif
 
-// Orders streamed stores before everything that follows.
+// Orders streamed stores before every later store.
 ORVA_INLINE void fence() { _mm_sfence(); }
 
 // A constant that was built at full width, at the width of V.
