@@ -59,7 +59,8 @@ void callWithStack(uint32_t past, const Export& conversion, const OrvaConversion
                  "movl %0, %%esp"
                  : "=&b"(keptStack), "+a"(d)
                  : "S"(conversion.call), "D"(16 - past)
-                 : "ecx", "edx", "memory", "cc");
+                 : "ecx", "edx", "xmm0", "xmm1", "xmm2", "xmm3", "xmm4", "xmm5", "xmm6", "xmm7",
+                   "memory", "cc");
 }
 
 TEST(StackAlignment, AnyMultipleOfFourWillDo) {
