@@ -1,8 +1,10 @@
 // The conversion as its caller sees it: checks, then the engine.
+#include "checked/validate.hpp"
 #include "frame/wide_registers.hpp"
 #include "picture/active_kernels.hpp"
+#include "picture/formats.hpp"
 #include "picture/rows.hpp"
-#include "validate.hpp"
+#include "picture/units.hpp"
 
 #include <algorithm>
 
@@ -14,75 +16,98 @@ namespace {
 // 1920x1080.
 constexpr std::uint64_t streamedBytes = 2'000'000;
 
-template <class Byte>
-using ByteLike = std::conditional_t<std::is_const_v<Byte>, const std::uint8_t, std::uint8_t>;
-
 // The planes from a row on.
-template <class Byte>
-picture::ImageRows<ByteLike<Byte>> rowsOf(const BasicImageView<Byte>& image, std::uint32_t first) {
-    const FormatInfo& info = formatInfo(image.format);
-    const auto from = [&](PlaneIndex index) {
-        const BasicPlane<Byte>& plane = planeOf(image, index);
-        picture::PlaneRows<ByteLike<Byte>> rows;
-        if (info.planes[index].unitBytes > 0) {
-            // A single row may have any pitch, even one that no address can move by.
-            const std::ptrdiff_t pitch = image.height > 1 ? plane.pitch : 0;
-            Byte* const top = firstRow(plane, image.height);
-            rows = {reinterpret_cast<ByteLike<Byte>*>(top) +
-                        static_cast<std::ptrdiff_t>(first) * pitch,
-                    pitch};
+template <class Byte> picture::ImageRows<Byte> rowsOf(const OrvaImage& image, uint32_t firstRow) {
+    const OrvaFormatInfo& info = picture::formatTable[image.format];
+    const auto planes = planesOf(image);
+    const bool alphaAlone = info.model == ORVA_MODEL_ALPHA;
+    picture::ImageRows<Byte> rows;
+    for (size_t i = 0; i < planeCount; ++i) {
+        if (info.planes[i].unitBytes == 0) {
+            continue;
         }
-        return rows;
-    };
-    if (info.model == Model::alpha) {
-        return {{{}, {}, {}, from(mainPlane)}};
+        // A single row may have any pitch, even one that no address can move by.
+        const ptrdiff_t pitch = image.height > 1 ? planes[i]->pitch : 0;
+        const ptrdiff_t row =
+            pitch < 0 ? ptrdiff_t(firstRow) - ptrdiff_t(image.height - 1) : ptrdiff_t(firstRow);
+        rows.planes[alphaAlone ? size_t{alphaPlane} : i] = {
+            static_cast<Byte*>(planes[i]->data) + row * pitch, pitch};
     }
-    return {{from(mainPlane), from(chromaPlane), from(crPlane), from(alphaPlane)}};
+    return rows;
 }
 
-std::uint64_t bytesOf(Format format, std::uint32_t width, std::uint32_t height) {
+std::uint64_t bytesOf(const OrvaImage& image) {
     std::uint64_t row = 0;
-    for (const PlaneIndex plane : {mainPlane, chromaPlane, crPlane, alphaPlane}) {
-        row += rowBytes(format, plane, width);
+    for (const PlaneInfo& plane : picture::formatTable[image.format].planes) {
+        row += bytesOfUnits<std::uint64_t>(plane, image.width);
     }
-    return row * height;
+    return row * image.height;
 }
 
 // What is computed is not written past the cache by itself: the detour costs what it saves.
-picture::StreamingKinds streamingKinds(Streaming wish, Format source, Format destination,
-                                       std::uint32_t width, std::uint32_t height) {
+picture::StreamingKinds streamingKinds(Streaming wish, const OrvaImage& source,
+                                       const OrvaImage& destination) {
     if (wish != Streaming::automatic) {
         return {wish == Streaming::always, wish == Streaming::always};
     }
-    const std::uint64_t bytes =
-        bytesOf(source, width, height) + bytesOf(destination, width, height);
-    return {bytes >= streamedBytes, false};
+    return {bytesOf(source) + bytesOf(destination) >= streamedBytes, false};
 }
 
-}  // namespace
+Options optionsOf(const OrvaOptions& options) {
+    return {Matrix{options.srcMatrix},   Matrix{options.dstMatrix}, Range{options.srcRange},
+            Range{options.dstRange},     Chroma{options.chroma},    options.alpha,
+            Streaming{options.streaming}};
+}
 
-Result convert(const ConstImageView& source, const ImageView& destination, const Options& options,
-               RowRange rows) noexcept {
-    if (const Result result = validate(source, destination, options, rows); !result) {
-        return result;
-    }
-    const std::uint32_t height = std::min(rows.count, source.height - rows.first);
-    if (source.width == 0 || height == 0) {
-        return {};
-    }
+// Of images and options that have passed the checks.
+void convertChecked(const OrvaImage& source, const OrvaImage& destination, const Options& options,
+                    uint32_t firstRow, uint32_t rowCount) {
     const picture::Kernels& kernels = *picture::activeKernels;
     const picture::Plan plan =
-        picture::makePlan(source.format, destination.format, options, kernels);
-    picture::convertRows(
-        plan, kernels,
-        {rowsOf(source, rows.first), rowsOf(destination, rows.first), source.width, height},
-        streamingKinds(options.streaming, source.format, destination.format, source.width,
-                       source.height));
+        picture::makePlan(Format{source.format}, Format{destination.format}, options, kernels);
+    picture::convertRows(plan, kernels,
+                         {rowsOf<const uint8_t>(source, firstRow),
+                          rowsOf<uint8_t>(destination, firstRow), source.width, rowCount},
+                         streamingKinds(options.streaming, source, destination));
     // The oldest table alone has no wide registers.
     if (&kernels != picture::tables[0].kernels) {
         leaveWideRegisters();
     }
-    return {};
 }
 
+constexpr OrvaOptions defaultOptions = ORVA_OPTIONS_INIT;
+
+}  // namespace
 }  // namespace orva
+
+using namespace orva;
+
+int32_t orva_options_init(OrvaOptions* options, uint32_t structSize) {
+    if (!options) {
+        return ORVA_NULL_ARGUMENT;
+    }
+    if (structSize != sizeof(OrvaOptions)) {
+        return ORVA_BAD_STRUCT_SIZE;
+    }
+    *options = defaultOptions;
+    return ORVA_DONE;
+}
+
+int32_t orva_convert_rows(const OrvaImage* source, const OrvaImage* destination,
+                          const OrvaOptions* options, uint32_t firstRow, uint32_t rowCount,
+                          OrvaError* error) {
+    const OrvaOptions& choices = options ? *options : defaultOptions;
+    if (const Refusal refusal = validateConversion(source, destination, choices, firstRow, error)) {
+        return tell(refusal, error);
+    }
+    const uint32_t rows = std::min(rowCount, source->height - firstRow);
+    if (source->width > 0 && rows > 0) {
+        convertChecked(*source, *destination, optionsOf(choices), firstRow, rows);
+    }
+    return ORVA_DONE;
+}
+
+int32_t orva_convert(const OrvaImage* source, const OrvaImage* destination,
+                     const OrvaOptions* options, OrvaError* error) {
+    return orva_convert_rows(source, destination, options, 0, UINT32_MAX, error);
+}

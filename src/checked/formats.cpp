@@ -1,145 +1,87 @@
-// The table of formats, the look-up by name, and which pairs convert.
+// Formats and the sizes of what they store, as the C interface tells them.
+#include "picture/formats.hpp"
 #include "picture/units.hpp"
 
-#include <orva/convert.hpp>
-
-#include <algorithm>
-#include <array>
+#include <cstring>
 
 namespace orva {
 namespace {
 
-constexpr PlaneInfo none{}, alphaBytes{1, 1};
+using picture::formatCount;
+using picture::formatTable;
 
-using Planes = std::array<PlaneInfo, planeCount>;
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-// Planes in the order of PlaneIndex.
-constexpr Planes packed{{{4, 2}, none, none, none}};
-constexpr Planes semiPlanar{{{2, 2}, {2, 2}, none, none}};
-constexpr Planes pixels32{{{4, 1}, none, none, none}};
-constexpr Planes pixels24{{{3, 1}, none, none, none}};
-
-constexpr Planes withAlpha(Planes planes) {
-    planes[alphaPlane] = alphaBytes;
-    return planes;
-}
-
-constexpr Model alpha = Model::alpha, rgb = Model::rgb, ycbcr = Model::ycbcr;
-
-constexpr std::array<FormatInfo, 22> table = {{
-    {Format::UYVY16I, "UYVY16I", "uyvy422 uyvy 2vuy hdyc", Format::UYVY16I, ycbcr, 8, false,
-     packed},
-    {Format::YUYV16I, "YUYV16I", "yuyv422 yuyv yuy2", Format::YUYV16I, ycbcr, 8, false, packed},
-    {Format::UVYY16I, "UVYY16I", "", Format::UVYY16I, ycbcr, 8, false, packed},
-    {Format::Y8PUV8I, "Y8PUV8I", "nv16", Format::Y8PUV8I, ycbcr, 8, false, semiPlanar},
-    {Format::BGR32I, "BGR32I", "bgra bgrx bgr0", Format::BGR32I, rgb, 8, true, pixels32},
-    {Format::BGR24I, "BGR24I", "bgr24 bgr", Format::BGR24I, rgb, 8, false, pixels24},
-    {Format::A8P, "A8P", "gray gray8", Format::A8P, alpha, 8, true, {{alphaBytes}}},
-    {Format::UYVY16IA8P, "UYVY16IA8P", "uyva", Format::UYVY16I, ycbcr, 8, true, withAlpha(packed)},
-    {Format::YUYV16IA8P, "YUYV16IA8P", "", Format::YUYV16I, ycbcr, 8, true, withAlpha(packed)},
-    {Format::UVYY16IA8P, "UVYY16IA8P", "", Format::UVYY16I, ycbcr, 8, true, withAlpha(packed)},
-    {Format::Y8PUV8IA8P, "Y8PUV8IA8P", "", Format::Y8PUV8I, ycbcr, 8, true, withAlpha(semiPlanar)},
-    {Format::BGR24IA8P, "BGR24IA8P", "", Format::BGR24I, rgb, 8, true, withAlpha(pixels24)},
-    {Format::A8C, "A8C", "", Format::A8C, alpha, 8, true, {}},
-    {Format::RGB24I, "RGB24I", "rgb24 rgb", Format::RGB24I, rgb, 8, false, pixels24},
-    {Format::RGB32I, "RGB32I", "rgba rgbx rgb0", Format::RGB32I, rgb, 8, true, pixels32},
-    {Format::ARGB32I, "ARGB32I", "argb xrgb 0rgb", Format::ARGB32I, rgb, 8, true, pixels32},
-    {Format::ABGR32I, "ABGR32I", "abgr xbgr 0bgr", Format::ABGR32I, rgb, 8, true, pixels32},
-    {Format::Y8PU8PV8P,
-     "Y8PU8PV8P",
-     "yuv422p i422 y42b",
-     Format::Y8PU8PV8P,
-     ycbcr,
-     8,
-     false,
-     {{{2, 2}, {1, 2}, {1, 2}, none}}},
-    {Format::V210, "V210", "", Format::V210, ycbcr, 10, false, {{{16, 6}, none, none, none}}},
-    {Format::Y10PUV10I,
-     "Y10PUV10I",
-     "p210le p210",
-     Format::Y10PUV10I,
-     ycbcr,
-     10,
-     false,
-     {{{4, 2}, {4, 2}, none, none}}},
-    {Format::Y10PU10PV10P,
-     "Y10PU10PV10P",
-     "yuv422p10le yuv422p10 i422-10le",
-     Format::Y10PU10PV10P,
-     ycbcr,
-     10,
-     false,
-     {{{4, 2}, {2, 2}, {2, 2}, none}}},
-    {Format::RGB24IA8P, "RGB24IA8P", "", Format::RGB24I, rgb, 8, true, withAlpha(pixels24)},
-}};
-
-static_assert([] {
-    for (std::size_t i = 0; i < table.size(); ++i) {
-        if (table[i].format != static_cast<Format>(i)) {
+bool sameName(const char* a, const char* b, std::size_t length) {
+    for (std::size_t i = 0; i < length; ++i) {
+        if (lower(a[i]) != lower(b[i])) {
             return false;
         }
     }
     return true;
-}());
-
-constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-constexpr bool sameName(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, {}, lower, lower);
 }
 
-constexpr bool listHolds(std::string_view list, std::string_view name) {
-    while (!list.empty()) {
-        const auto end = std::min(list.find(' '), list.size());
-        if (sameName(list.substr(0, end), name)) {
+// Whether the name is one of a list that spaces separate.
+bool listHolds(const char* list, const char* name) {
+    const std::size_t length = std::strlen(name);
+    while (*list) {
+        const std::size_t item = std::strcspn(list, " ");
+        if (item == length && sameName(list, name, length)) {
             return true;
         }
-        list.remove_prefix(std::min(end + 1, list.size()));
+        list += item + (list[item] == ' ' ? 1 : 0);
     }
     return false;
 }
 
-}  // namespace
-
-const FormatInfo& formatInfo(Format format) noexcept {
-    const auto index = static_cast<std::size_t>(format);
-    return table[index < table.size() ? index : static_cast<std::size_t>(Format::A8C)];
+constexpr std::uint64_t roundUp(std::uint64_t value, std::uint64_t multiple) {
+    return (value + multiple - 1) / multiple * multiple;
 }
 
-std::span<const FormatInfo> formats() noexcept { return table; }
+}  // namespace
+}  // namespace orva
 
-std::optional<Format> formatNamed(std::string_view name) noexcept {
-    for (const FormatInfo& info : table) {
-        if (sameName(info.name, name) || listHolds(info.otherNames, name)) {
+using namespace orva;
+
+uint32_t orva_format_count(void) { return formatCount; }
+
+const OrvaFormatInfo* orva_format_info(OrvaFormat format) {
+    return format < formatCount ? &formatTable[format] : nullptr;
+}
+
+OrvaFormat orva_format_named(const char* name) {
+    for (const OrvaFormatInfo& info : formatTable) {
+        if (name && (listHolds(info.name, name) || listHolds(info.otherNames, name))) {
             return info.format;
         }
     }
-    return std::nullopt;
+    return ORVA_FORMAT_NONE;
 }
 
-std::uint64_t rowBytes(Format format, PlaneIndex plane, std::uint32_t width) noexcept {
-    const PlaneInfo info = plane < planeCount ? formatInfo(format).planes[plane] : none;
-    return bytesOfUnits<std::uint64_t>(info, width);
-}
-
-bool canConvert(Format source, Format destination) noexcept {
-    const FormatInfo &from = formatInfo(source), &to = formatInfo(destination);
-    if (from.format != source || to.format != destination || destination == Format::A8C) {
-        return false;
+int32_t orva_can_convert(OrvaFormat source, OrvaFormat destination) {
+    const OrvaFormatInfo *from = orva_format_info(source), *to = orva_format_info(destination);
+    if (!from || !to || destination == ORVA_FORMAT_A8C) {
+        return 0;
     }
-    return to.model == Model::alpha ? from.hasAlpha : from.model != Model::alpha;
+    return to->model == ORVA_MODEL_ALPHA ? from->hasAlpha != 0 : from->model != ORVA_MODEL_ALPHA;
 }
 
-std::vector<Conversion> conversions() {
-    std::vector<Conversion> pairs;
-    for (const FormatInfo& source : table) {
-        for (const FormatInfo& destination : table) {
-            if (canConvert(source.format, destination.format)) {
-                pairs.push_back({source.format, destination.format});
-            }
-        }
+uint64_t orva_row_bytes(OrvaFormat format, uint32_t plane, uint32_t width) {
+    const OrvaFormatInfo* const info = orva_format_info(format);
+    return info && plane < ORVA_PLANE_COUNT
+               ? bytesOfUnits<std::uint64_t>(info->planes[plane], width)
+               : 0;
+}
+
+uint64_t orva_frame_pitch(OrvaFormat format, uint32_t plane, uint32_t width) {
+    const std::uint64_t row = orva_row_bytes(format, plane, width);
+    return format == ORVA_FORMAT_V210 ? roundUp(row, 128) : row;
+}
+
+uint64_t orva_frame_bytes(OrvaFormat format, uint32_t width, uint32_t height) {
+    std::uint64_t rows = 0;  // one of each plane: all planes have as many
+    for (std::uint32_t plane = 0; plane < ORVA_PLANE_COUNT; ++plane) {
+        rows += orva_frame_pitch(format, plane, width);
     }
-    return pairs;
+    return height > 0 && rows > UINT64_MAX / height ? UINT64_MAX : rows * height;
 }
-
-}  // namespace orva

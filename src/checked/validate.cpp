@@ -1,129 +1,149 @@
-// The only place that refuses.
-#include "validate.hpp"
+// The checks of arguments.
+#include "checked/validate.hpp"
 
-#include <array>
+#include "picture/formats.hpp"
+#include "picture/units.hpp"
+
 #include <functional>
 
 namespace orva {
 namespace {
 
 struct PlaneFields {
-    std::string_view plane;
-    std::string_view pitch;
+    const char* data;
+    const char* size;
+    const char* pitch;
 };
 
+// What the parts of an image are called.
 struct ImageFields {
-    std::string_view format;
-    std::string_view width;
-    std::string_view height;
+    const char* image;
+    const char* structSize;
+    const char* format;
+    const char* width;
+    const char* height;
     std::array<PlaneFields, planeCount> planes;
 };
 
-constexpr ImageFields sourceFields = {"source.format",
-                                      "source.width",
-                                      "source.height",
-                                      {{{"source.main", "source.main.pitch"},
-                                        {"source.chroma", "source.chroma.pitch"},
-                                        {"source.cr", "source.cr.pitch"},
-                                        {"source.alpha", "source.alpha.pitch"}}}};
-constexpr ImageFields destinationFields = {"destination.format",
-                                           "destination.width",
-                                           "destination.height",
-                                           {{{"destination.main", "destination.main.pitch"},
-                                             {"destination.chroma", "destination.chroma.pitch"},
-                                             {"destination.cr", "destination.cr.pitch"},
-                                             {"destination.alpha", "destination.alpha.pitch"}}}};
+#define ORVA_PLANE_FIELDS(plane)                                                                   \
+    { plane ".data", plane ".size", plane ".pitch" }
+#define ORVA_IMAGE_FIELDS(image)                                                                   \
+    {                                                                                              \
+        image, image ".structSize", image ".format", image ".width", image ".height", {            \
+            {                                                                                      \
+                ORVA_PLANE_FIELDS(image ".main"), ORVA_PLANE_FIELDS(image ".chroma"),              \
+                    ORVA_PLANE_FIELDS(image ".cr"), ORVA_PLANE_FIELDS(image ".alpha")              \
+            }                                                                                      \
+        }                                                                                          \
+    }
+constexpr ImageFields sourceFields = ORVA_IMAGE_FIELDS("source");
+constexpr ImageFields destinationFields = ORVA_IMAGE_FIELDS("destination");
+constexpr ImageFields imageFields = ORVA_IMAGE_FIELDS("image");
+#undef ORVA_IMAGE_FIELDS
+#undef ORVA_PLANE_FIELDS
 
 // The part of a plane that its rows span, gaps between them included.
 struct Extent {
     const std::byte* begin = nullptr;
     const std::byte* end = nullptr;
     std::ptrdiff_t pitch = 0;
-    PlaneInfo info;
+    PlaneInfo info{};
 };
 
 using Extents = std::array<Extent, planeCount>;
 
-Result fail(ErrorCode code, std::string_view field, std::int64_t value, std::string_view advice) {
-    return {code, field, value, advice};
-}
+// No object, and no distance within one, is larger.
+constexpr auto mostBytes = static_cast<std::uint64_t>(PTRDIFF_MAX);
 
-std::uint64_t magnitude(std::ptrdiff_t pitch) {
-    return pitch < 0 ? ~static_cast<std::uint64_t>(pitch) + 1 : static_cast<std::uint64_t>(pitch);
-}
-
-Result checkFormat(Format format, const ImageFields& fields) {
-    if (formatInfo(format).format != format) {
-        return fail(ErrorCode::badFormat, fields.format, static_cast<int>(format),
-                    "give one of the formats that formats() lists");
+Refusal checkImageItself(const OrvaImage* image, const ImageFields& fields) {
+    if (!image) {
+        return {ORVA_NULL_ARGUMENT, fields.image, 0, "give an image"};
+    }
+    if (image->structSize != sizeof(OrvaImage)) {
+        return {ORVA_BAD_STRUCT_SIZE, fields.structSize, image->structSize,
+                "set it to sizeof(OrvaImage) of this version's header"};
+    }
+    if (image->format >= picture::formatCount) {
+        return {ORVA_BAD_FORMAT, fields.format, image->format,
+                "give one of the formats that orva_format_count counts"};
     }
     return {};
 }
 
-template <class Choice>
-Result checkChoice(std::string_view field, Choice choice, Choice last, std::string_view advice) {
-    if (choice > last) {
-        return fail(ErrorCode::badOption, field, static_cast<int>(choice), advice);
-    }
-    return {};
+Refusal checkChoice(const char* field, std::uint32_t choice, std::uint32_t last,
+                    const char* advice) {
+    return choice > last ? Refusal{ORVA_BAD_OPTION, field, choice, advice} : Refusal{};
 }
 
-Result checkOptions(const Options& options) {
+Refusal checkOptions(const OrvaOptions& options) {
+    if (options.structSize != sizeof(OrvaOptions)) {
+        return {ORVA_BAD_STRUCT_SIZE, "options.structSize", options.structSize,
+                "set it to sizeof(OrvaOptions) of this version's header"};
+    }
     if (options.alpha < 0 || options.alpha > 255) {
-        return fail(ErrorCode::badOption, "options.alpha", options.alpha,
-                    "give an alpha from 0 to 255");
+        return {ORVA_BAD_OPTION, "options.alpha", options.alpha, "give an alpha from 0 to 255"};
     }
-    constexpr std::string_view matrices = "give Matrix::bt601, bt709 or bt2020",
-                               ranges = "give Range::studio or full";
-    for (const Result& result :
-         {checkChoice("options.srcMatrix", options.srcMatrix, Matrix::bt2020, matrices),
-          checkChoice("options.dstMatrix", options.dstMatrix, Matrix::bt2020, matrices),
-          checkChoice("options.srcRange", options.srcRange, Range::full, ranges),
-          checkChoice("options.dstRange", options.dstRange, Range::full, ranges),
-          checkChoice("options.chroma", options.chroma, Chroma::nearest,
-                      "give Chroma::cosited or nearest"),
-          checkChoice("options.streaming", options.streaming, Streaming::always,
-                      "give Streaming::automatic, never or always")}) {
-        if (!result) {
-            return result;
+    constexpr const char *matrices = "give 0 for BT.601, 1 for BT.709 or 2 for BT.2020",
+                         *ranges = "give 0 for studio range or 1 for full range";
+    for (const Refusal& refusal :
+         {checkChoice("options.srcMatrix", options.srcMatrix, ORVA_MATRIX_BT2020, matrices),
+          checkChoice("options.dstMatrix", options.dstMatrix, ORVA_MATRIX_BT2020, matrices),
+          checkChoice("options.srcRange", options.srcRange, ORVA_RANGE_FULL, ranges),
+          checkChoice("options.dstRange", options.dstRange, ORVA_RANGE_FULL, ranges),
+          checkChoice("options.chroma", options.chroma, ORVA_CHROMA_NEAREST,
+                      "give 0 for cosited or 1 for nearest"),
+          checkChoice("options.streaming", options.streaming, ORVA_STREAMING_ALWAYS,
+                      "give 0 for automatic, 1 for never or 2 for always")}) {
+        if (refusal) {
+            return refusal;
         }
     }
     return {};
 }
 
-Result checkPlane(const ConstPlane& plane, std::uint64_t row, std::uint32_t height,
-                  const PlaneFields& fields, Extent& extent) {
-    if (!plane.bytes.data()) {
-        return fail(ErrorCode::nullPlane, fields.plane, 0, "give the plane that the format has");
+Refusal checkPlane(const OrvaPlane& plane, std::uint64_t row, std::uint32_t height,
+                   const PlaneFields& fields, Extent& extent) {
+    if (!plane.data) {
+        return {ORVA_NULL_PLANE, fields.data, 0, "give the plane that the format has"};
     }
-    const std::uint64_t pitch = magnitude(plane.pitch), size = plane.bytes.size();
+    const std::uint64_t pitch = magnitude(plane.pitch), size = plane.size;
     if (pitch < row) {
-        return fail(ErrorCode::pitchBelowRow, fields.pitch, plane.pitch,
-                    "make the pitch at least as long as a row");
+        return {ORVA_PITCH_BELOW_ROW, fields.pitch, plane.pitch,
+                "make the pitch at least as long as a row"};
     }
     if (size < row || (height > 1 && (size - row) / (height - 1) < pitch)) {
-        return fail(ErrorCode::shortPlane, fields.plane, static_cast<std::int64_t>(size),
-                    "give pitch * (height - 1) + row bytes at least");
+        return {ORVA_SHORT_PLANE, fields.size, static_cast<std::int64_t>(size),
+                "give pitch * (height - 1) + row bytes at least"};
     }
-    extent.begin = plane.bytes.data();
-    extent.end = extent.begin + pitch * (height - 1) + row;
+    // A single row may have any pitch.
+    const std::uint64_t bytes = height > 1 ? pitch * (height - 1) + row : row;
+    if (bytes > mostBytes) {
+        return {ORVA_BAD_SIZE, fields.size, static_cast<std::int64_t>(size),
+                "convert fewer rows at once: they span more than half of the address space"};
+    }
+    extent.begin = static_cast<const std::byte*>(plane.data);
+    extent.end = extent.begin + bytes;
     extent.pitch = plane.pitch;
     return {};
 }
 
-Result checkImage(const ConstImageView& image, const ImageFields& fields, Extents& extents) {
-    const FormatInfo& info = formatInfo(image.format);
+// The planes of an image that has pixels.
+Refusal checkPlanes(const OrvaImage& image, const ImageFields& fields, Extents& extents) {
+    const OrvaFormatInfo& info = picture::formatTable[image.format];
+    const auto planes = planesOf(image);
     for (std::uint8_t i = 0; i < planeCount; ++i) {
         if (info.planes[i].unitBytes == 0) {
             continue;
         }
-        const auto index = static_cast<PlaneIndex>(i);
+        const auto row = bytesOfUnits<std::uint64_t>(info.planes[i], image.width);
+        if (row > mostBytes) {
+            return {ORVA_BAD_SIZE, fields.width, image.width,
+                    "make the image narrower: a row is longer than half of the address space"};
+        }
         extents[i].info = info.planes[i];
-        const Result result =
-            checkPlane(planeOf(image, index), rowBytes(image.format, index, image.width),
-                       image.height, fields.planes[i], extents[i]);
-        if (!result) {
-            return result;
+        if (const Refusal refusal =
+                checkPlane(*planes[i], row, image.height, fields.planes[i], extents[i])) {
+            return refusal;
         }
     }
     return {};
@@ -135,7 +155,7 @@ bool inPlace(const Extent& a, const Extent& b, std::uint32_t height) {
            a.info.unitBytes == b.info.unitBytes && a.info.unitPixels == b.info.unitPixels;
 }
 
-Result checkOverlap(const Extents& source, const Extents& destination, std::uint32_t height) {
+Refusal checkOverlap(const Extents& source, const Extents& destination, std::uint32_t height) {
     const auto overlap = [](const Extent& a, const Extent& b) {
         const std::less<> before;
         return before(a.begin, b.end) && before(b.begin, a.end);
@@ -146,13 +166,13 @@ Result checkOverlap(const Extents& source, const Extents& destination, std::uint
                                     !(i == j && inPlace(destination[i], source[j], height));
             if (withSource || (j < i && overlap(destination[i], destination[j]))) {
                 const Extent& other = withSource ? source[j] : destination[j];
-                return fail(ErrorCode::overlap, destinationFields.planes[i].plane,
-                            static_cast<std::int64_t>(
-                                reinterpret_cast<std::uintptr_t>(destination[i].begin) -
-                                reinterpret_cast<std::uintptr_t>(other.begin)),
-                            "it begins that many bytes behind a plane that it overlaps, row gaps "
-                            "included: give it memory of its own, or the very rows of the "
-                            "source's plane if both have the same units");
+                return {ORVA_OVERLAP, destinationFields.planes[i].data,
+                        static_cast<std::int64_t>(
+                            reinterpret_cast<std::uintptr_t>(destination[i].begin) -
+                            reinterpret_cast<std::uintptr_t>(other.begin)),
+                        "it begins that many bytes behind a plane that it overlaps, row gaps "
+                        "included: give it memory of its own, or the very rows of the "
+                        "source's plane if both have the same units"};
             }
         }
     }
@@ -161,50 +181,86 @@ Result checkOverlap(const Extents& source, const Extents& destination, std::uint
 
 }  // namespace
 
-Result validate(const ConstImageView& source, const ConstImageView& destination,
-                const Options& options, const RowRange& rows) noexcept {
-    if (const Result result = checkFormat(source.format, sourceFields); !result) {
-        return result;
+Refusal validateConversion(const OrvaImage* source, const OrvaImage* destination,
+                           const OrvaOptions& options, uint32_t firstRow, const OrvaError* error) {
+    if (const Refusal refusal = checkError(error)) {
+        return refusal;
     }
-    if (const Result result = checkFormat(destination.format, destinationFields); !result) {
-        return result;
+    if (const Refusal refusal = checkImageItself(source, sourceFields)) {
+        return refusal;
     }
-    if (destination.format == Format::A8C) {
-        return fail(ErrorCode::noSuchConversion, destinationFields.format,
-                    static_cast<int>(Format::A8C), "it has no planes, so it is a source only");
+    if (const Refusal refusal = checkImageItself(destination, destinationFields)) {
+        return refusal;
     }
-    if (!canConvert(source.format, destination.format)) {
-        return fail(ErrorCode::noSuchConversion, destinationFields.format,
-                    static_cast<int>(destination.format),
-                    "colour is made of colour, and alpha alone of a format that has alpha");
+    if (destination->format == ORVA_FORMAT_A8C) {
+        return {ORVA_NO_SUCH_CONVERSION, destinationFields.format, ORVA_FORMAT_A8C,
+                "it has no planes, so it is a source only"};
     }
-    if (const Result result = checkOptions(options); !result) {
-        return result;
+    if (!orva_can_convert(source->format, destination->format)) {
+        return {ORVA_NO_SUCH_CONVERSION, destinationFields.format, destination->format,
+                "colour is made of colour, and alpha alone of a format that has alpha"};
     }
-    if (source.width != destination.width) {
-        return fail(ErrorCode::sizeMismatch, destinationFields.width, destination.width,
-                    "give both images the same width: nothing is scaled");
+    if (const Refusal refusal = checkOptions(options)) {
+        return refusal;
     }
-    if (source.height != destination.height) {
-        return fail(ErrorCode::sizeMismatch, destinationFields.height, destination.height,
-                    "give both images the same height: nothing is scaled");
+    if (source->width != destination->width) {
+        return {ORVA_SIZE_MISMATCH, destinationFields.width, destination->width,
+                "give both images the same width: nothing is scaled"};
     }
-    if (rows.first > source.height) {
-        return fail(ErrorCode::badRows, "rows.first", rows.first,
-                    "begin at a row that the images have");
+    if (source->height != destination->height) {
+        return {ORVA_SIZE_MISMATCH, destinationFields.height, destination->height,
+                "give both images the same height: nothing is scaled"};
     }
-    if (source.width == 0 || source.height == 0) {
+    if (firstRow > source->height) {
+        return {ORVA_BAD_ROWS, "rows.first", firstRow, "begin at a row that the images have"};
+    }
+    if (source->width == 0 || source->height == 0) {
         return {};
     }
     Extents sourceExtents, destinationExtents;
-    if (const Result result = checkImage(source, sourceFields, sourceExtents); !result) {
-        return result;
+    if (const Refusal refusal = checkPlanes(*source, sourceFields, sourceExtents)) {
+        return refusal;
     }
-    if (const Result result = checkImage(destination, destinationFields, destinationExtents);
-        !result) {
-        return result;
+    if (const Refusal refusal = checkPlanes(*destination, destinationFields, destinationExtents)) {
+        return refusal;
     }
-    return checkOverlap(sourceExtents, destinationExtents, source.height);
+    return checkOverlap(sourceExtents, destinationExtents, source->height);
+}
+
+Refusal validateCrop(const OrvaImage* image, uint32_t x, uint32_t y, uint32_t width,
+                     uint32_t height, const OrvaError* error) {
+    if (const Refusal refusal = checkError(error)) {
+        return refusal;
+    }
+    if (const Refusal refusal = checkImageItself(image, imageFields)) {
+        return refusal;
+    }
+    for (const PlaneInfo& plane : picture::formatTable[image->format].planes) {
+        if (plane.unitBytes > 0 && x % plane.unitPixels != 0) {
+            return {ORVA_BAD_CROP, "x", x,
+                    "begin at an even pixel of 4:2:2, at a multiple of 6 in V210"};
+        }
+    }
+    const auto outside = [](const char* field, uint32_t value) {
+        return Refusal{ORVA_BAD_CROP, field, value, "take pixels that the image has"};
+    };
+    if (x > image->width) {
+        return outside("x", x);
+    }
+    if (width > image->width - x) {
+        return outside("width", width);
+    }
+    if (y > image->height) {
+        return outside("y", y);
+    }
+    if (height > image->height - y) {
+        return outside("height", height);
+    }
+    if (image->width == 0 || image->height == 0) {
+        return {};
+    }
+    Extents extents;
+    return checkPlanes(*image, imageFields, extents);
 }
 
 }  // namespace orva

@@ -1,19 +1,29 @@
-// The checks of a conversion's arguments.
+// The checks of arguments: the only place that refuses.
 #pragma once
 
-#include <orva/convert.hpp>
+#include "checked/refusal.hpp"
+
+#include <array>
 
 namespace orva {
 
-// The first row of a plane that has passed the checks.
-template <class Byte> Byte* firstRow(const BasicPlane<Byte>& plane, std::uint32_t height) noexcept {
-    const std::ptrdiff_t above = static_cast<std::ptrdiff_t>(height) - 1;
-    return plane.bytes.data() + (plane.pitch < 0 && above > 0 ? above * -plane.pitch : 0);
+// An image's planes in the order of their indices.
+template <class Image> auto planesOf(Image& image) {
+    return std::array{&image.main, &image.chroma, &image.cr, &image.alpha};
 }
 
-// Success means that every row of every plane lies within its span and in no row of another plane
+inline uint64_t magnitude(ptrdiff_t pitch) {
+    return pitch < 0 ? ~static_cast<uint64_t>(pitch) + 1 : static_cast<uint64_t>(pitch);
+}
+
+// Success means that every row of every plane lies within its bytes and in no row of another plane
 // that is written, unless both are the same.
-Result validate(const ConstImageView& source, const ConstImageView& destination,
-                const Options& options, const RowRange& rows) noexcept;
+Refusal validateConversion(const OrvaImage* source, const OrvaImage* destination,
+                           const OrvaOptions& options, uint32_t firstRow, const OrvaError* error);
+
+// Success means that every row of every plane lies within its bytes, and that the crop is whole
+// units of the image.
+Refusal validateCrop(const OrvaImage* image, uint32_t x, uint32_t y, uint32_t width,
+                     uint32_t height, const OrvaError* error);
 
 }  // namespace orva

@@ -1,12 +1,16 @@
 // Which passes lead from one format to another.
 #include "picture/plan.hpp"
 
+#include "picture/formats.hpp"
+
 #include <string_view>
 
 namespace orva::picture {
 namespace {
 
-const FormatInfo& colourOf(Format format) { return formatInfo(formatInfo(format).colour); }
+const OrvaFormatInfo& colourOf(Format format) { return formatTable[infoOf(format).colour]; }
+
+Format formatOf(const OrvaFormatInfo& info) { return Format(info.format); }
 
 Layout layoutOf(Format colour) {
     switch (colour) {
@@ -58,13 +62,13 @@ std::string_view lettersOf(Format colour) {
 
 bool isPacked(Layout layout) { return layout <= uvyy; }
 
-Shape shapeOf(const FormatInfo& colour) {
+Shape shapeOf(const OrvaFormatInfo& colour) {
     Shape shape = {};
     for (size_t i = 0; i < planeCount; ++i)
         shape.planes[i] = colour.planes[i];
-    if (colour.model != Model::ycbcr || colour.format == Format::V210)
+    if (colour.model != ORVA_MODEL_YCBCR || formatOf(colour) == Format::V210)
         return shape;
-    const std::string_view letters = lettersOf(colour.format);
+    const std::string_view letters = lettersOf(formatOf(colour));
     shape.lumaBytes = colour.bits > 8 ? 2 : 1;
     for (size_t i = 0; i < 2; ++i)
         shape.lumaOfPair[i] =
@@ -74,14 +78,14 @@ Shape shapeOf(const FormatInfo& colour) {
 
 // One side of a conversion between formats of colour.
 struct Side {
-    const FormatInfo& info;
+    const OrvaFormatInfo& info;
     Matrix matrix;
     Range range;
 
-    Layout layout() const { return layoutOf(info.format); }
-    Coding coding() const { return {matrix, range, info.bits}; }
-    std::string_view letters() const { return lettersOf(info.format); }
-    bool isRgb() const { return info.model == Model::rgb; }
+    Layout layout() const { return layoutOf(formatOf(info)); }
+    Coding coding() const { return {matrix, range, int(info.bits)}; }
+    std::string_view letters() const { return lettersOf(formatOf(info)); }
+    bool isRgb() const { return info.model == ORVA_MODEL_RGB; }
     bool hasPixels32() const { return isRgb() && info.planes[mainPlane].unitBytes == 4; }
     PixelKind pixelKind() const {
         return !hasPixels32() ? noAlpha : order().alpha == 0 ? alphaFirst : alphaLast;
@@ -144,7 +148,7 @@ private:
     // Studio codes of 10 bits are 4 times those of 8, which is how passes have them anyway.
     void moveYcbcr() {
         const Layout from = source.layout(), to = destination.layout();
-        const int fromBits = source.info.bits, toBits = destination.info.bits;
+        const uint32_t fromBits = source.info.bits, toBits = destination.info.bits;
         if (from == to) {
             plan.copiesColour = true;
         } else if (toBits == 10 && (fromBits == 10 || source.range == Range::studio)) {
@@ -193,24 +197,24 @@ private:
     Plan plan;
 };
 
-bool hasAlphaPlane(const FormatInfo& info) {
-    return info.format == Format::A8P || info.planes[alphaPlane].unitBytes > 0;
+bool hasAlphaPlane(const OrvaFormatInfo& info) {
+    return formatOf(info) == Format::A8P || info.planes[alphaPlane].unitBytes > 0;
 }
-bool hasAlphaInPixels(const FormatInfo& info) {
-    return info.model == Model::rgb && info.hasAlpha && !hasAlphaPlane(info);
+bool hasAlphaInPixels(const OrvaFormatInfo& info) {
+    return info.model == ORVA_MODEL_RGB && info.hasAlpha && !hasAlphaPlane(info);
 }
 
 }  // namespace
 
 Plan makePlan(Format from, Format to, const Options& options, const Kernels& kernels) {
-    const FormatInfo &fromInfo = formatInfo(from), &toInfo = formatInfo(to);
+    const OrvaFormatInfo &fromInfo = infoOf(from), &toInfo = infoOf(to);
     const Side source{colourOf(from), options.srcMatrix, options.srcRange};
     const Side destination{colourOf(to), options.dstMatrix, options.dstRange};
     const bool intoPixels = hasAlphaPlane(fromInfo) && hasAlphaInPixels(toInfo);
     const bool outOfPixels = hasAlphaInPixels(fromInfo) && hasAlphaPlane(toInfo);
 
     Plan plan;
-    if (toInfo.model != Model::alpha) {
+    if (toInfo.model != ORVA_MODEL_ALPHA) {
         plan = Planner(source, destination, intoPixels || outOfPixels, options, kernels).colour();
         plan.source = shapeOf(source.info);
         plan.destination = shapeOf(destination.info);

@@ -30,7 +30,7 @@ struct Plan {
     bool readsNeighbours = false;  // pixels of a row depend on one another
     bool toV210 = false;
     size_t granularity = 0;  // pixels: pieces of a row begin at multiples of it
-    Shape source, destination;
+    Shape source = {}, destination = {};
 
     AlphaStep alpha = AlphaStep::none;
 

@@ -36,7 +36,7 @@ holds() {
     ! grep -vxE "$(IFS='|'; echo "$*")" "$listing" || fail "files that should not be there"
 }
 
-headers='include/orva/(orva\.h|convert\.hpp)'
+headers='include/orva/(orva\.h|convert\.h|convert\.hpp)'
 configs='lib/([^/]+/)?cmake/orva/orva-(config|config-version|targets|targets-release)\.cmake'
 documents='share/doc/orva/(README|CHANGELOG)\.md'
 examples='share/doc/orva/examples/host-(c|cpp)/(CMakeLists\.txt|main\.c(pp)?)'
@@ -82,7 +82,7 @@ check_linux() {
     local prefix=$PWD/moved
     (cd moved && find . ! -type d -printf '%P\n') >listing
     holds listing "$headers" "$configs" "$documents" "$examples" bin/orva \
-        'lib/([^/]+/)?liborva\.so(\.0|\.0\.1\.0)?' 'lib/([^/]+/)?liborva-convert\.a' \
+        'lib/([^/]+/)?liborva(-convert)?\.so(\.0|\.0\.1\.0)?' 'lib/([^/]+/)?liborva-convert-static\.a' \
         'lib/([^/]+/)?pkgconfig/orva\.pc'
     "$prefix/bin/orva" formats >/dev/null || fail "the installed program"
 
@@ -125,7 +125,7 @@ check_windows() {
     prefix=$(echo "$PWD"/orva-*-windows-x86)
     (cd "$prefix" && find . ! -type d -printf '%P\n') >listing
     holds listing "$headers" "$configs" "$documents" "$examples" bin/orva.exe bin/orva.dll \
-        lib/liborva.dll.a lib/liborva-convert.a lib/pkgconfig/orva.pc
+        bin/orva-convert.dll lib/liborva.dll.a lib/liborva-convert.dll.a lib/liborva-convert-static.a lib/pkgconfig/orva.pc
 
     local library=("-I$prefix/include" "$prefix/lib/liborva.dll.a")
     build_with_compiler "$prefix/bin/plain.exe" "$prefix/share/doc/orva/examples/host-c/main.c" \

@@ -55,7 +55,7 @@ ImageView Canvas::view() {
 std::vector<PlaneIndex> commonPlanes(Format a, Format b) {
     std::vector<PlaneIndex> common;
     for (const PlaneIndex p : planeIndices) {
-        const PlaneInfo &first = formatInfo(a).planes[p], &second = formatInfo(b).planes[p];
+        const PlaneInfo first = formatInfo(a).planes[p], second = formatInfo(b).planes[p];
         if (first.unitBytes > 0 && first.unitBytes == second.unitBytes &&
             first.unitPixels == second.unitPixels) {
             common.push_back(p);
