@@ -11,8 +11,7 @@
 #pragma once
 
 #if !(__cplusplus >= 202002L || (defined(_MSVC_LANG) && _MSVC_LANG >= 202002L))
-#error                                                                                             \
-    "<orva/convert.hpp> needs C++20 (-std=c++20, /std:c++20); <orva/convert.h> is for C and older C++"
+#error "<orva/convert.hpp> needs C++20; <orva/convert.h> serves C and older C++"
 #endif
 
 #include <orva/convert.h>
