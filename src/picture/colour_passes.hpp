@@ -16,20 +16,15 @@ constexpr unsigned bytesOf(PixelKind kind) { return kind == PixelKind::noAlpha ?
 template <Layout layout, class Up, class Convert, class Put>
 ORVA_INLINE void fromYcbcr(const Piece& piece, Convert convert, Put put) {
     using In = Reader<layout>;
-    const auto convertBlock = [&]<bool last>(const Source& from, const Target& to, size_t x) {
+    const size_t lastBlock = piece.rowEnd ? (piece.pixels - 1) / block * block : piece.pixels;
+    forBlocks(piece, [&](const Source& from, const Target& to, size_t x) {
         const auto first = convert(In::template luma<Wide>(from, x),
-                                   Up::template take<In, false>(from, x), from, x);
-        const auto second = convert(In::template luma<Wide>(from, x + half),
-                                    Up::template take<In, last>(from, x + half), from, x + half);
+                                   Up::template take<In>(from, x, false), from, x);
+        const auto second =
+            convert(In::template luma<Wide>(from, x + half),
+                    Up::template take<In>(from, x + half, x == lastBlock), from, x + half);
         put(to, x, first, second);
         fetchBlockAhead<In>(from, x);
-    };
-    const size_t inner = piece.rowEnd ? (piece.pixels - 1) / block * block : piece.pixels;
-    forRows(piece, [&](const Source& from, const Target& to) {
-        for (size_t x = 0; x < inner; x += block)
-            convertBlock.template operator()<false>(from, to, x);
-        if (piece.rowEnd)
-            convertBlock.template operator()<true>(from, to, inner);
     });
 }
 
@@ -49,7 +44,8 @@ void toPixels(const Piece& piece, const Constants& c) {
         });
 }
 
-template <Layout layout, class Up> void toSamples(const Piece& piece, const Constants& c) {
+template <Layout layout, class Up, Layout destination>
+void toYcbcr(const Piece& piece, const Constants& c) {
     const ToSamplesMath math(c);
     fromYcbcr<layout, Up>(
         piece,
@@ -57,11 +53,11 @@ template <Layout layout, class Up> void toSamples(const Piece& piece, const Cons
             return math(luma, chroma);
         },
         [](const Target& to, size_t x, const Words<Wide>& first, const Words<Wide>& second) {
-            Writer<Layout::v210>::put(WordsPair<Wide>{first, second}, to, x);
+            Writer<destination>::put(WordsPair<Wide>{first, second}, to, x);
         });
 }
 
-template <Layout layout> void unpack(const Piece& piece, const Constants&) {
+template <Layout layout, Layout destination> void toTenBits(const Piece& piece, const Constants&) {
     using In = Reader<layout>;
     forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
         const auto take = [&](size_t at) {
@@ -69,7 +65,7 @@ template <Layout layout> void unpack(const Piece& piece, const Constants&) {
                                In::template chroma<Wide>(from, at)};
         };
         fetchBlockAhead<In>(from, x);
-        Writer<Layout::v210>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
+        Writer<destination>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
     });
 }
 
@@ -92,18 +88,6 @@ void fromPixels(const Piece& piece, const Constants& c) {
             if constexpr (alphaPlane)
                 putAlpha<kind == PixelKind::alphaFirst>(in, to, x);
         }
-    });
-}
-
-// ---- From samples ----
-
-template <Layout layout> void fromSamples(const Piece& piece, const Constants&) {
-    forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
-        const auto take = [&](size_t at) {
-            return Words<Wide>{Wide::load(from.plane[0] + 2 * at),
-                               Wide::load(from.plane[1] + 2 * at)};
-        };
-        Writer<layout>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
     });
 }
 

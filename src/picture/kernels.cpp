@@ -46,15 +46,24 @@ constexpr void addFromPixels(picture::Kernels& k, size_t chroma) {
         k.fromPixels[kind][chroma][layout][true] = fromPixels<kind, Down, layout, true>;
 }
 
-template <Layout layout, class Up, class Down>
-constexpr void addLayout(picture::Kernels& k, size_t chroma) {
+template <Layout layout, class Up, class Down, size_t... to>
+constexpr void addLayout(picture::Kernels& k, size_t chroma, std::index_sequence<to...>) {
     addToPixels<layout, Up, PixelKind::alphaLast>(k, chroma);
     addToPixels<layout, Up, PixelKind::noAlpha>(k, chroma);
     addToPixels<layout, Up, PixelKind::alphaFirst>(k, chroma);
     addFromPixels<PixelKind::alphaLast, Down, layout>(k, chroma);
     addFromPixels<PixelKind::noAlpha, Down, layout>(k, chroma);
     addFromPixels<PixelKind::alphaFirst, Down, layout>(k, chroma);
-    k.toSamples[layout][chroma] = toSamples<layout, Up>;
+    ((k.toYcbcr[layout][chroma][to] = toYcbcr<layout, Up, Layout(to)>), ...);
+}
+
+template <Layout from, Layout to> constexpr void addToTenBits(picture::Kernels& k) {
+    if constexpr (from != to && to >= Layout::byteLayouts)
+        k.toTenBits[from][to] = toTenBits<from, to>;
+}
+template <Layout from, size_t... to>
+constexpr void addToTenBitsFrom(picture::Kernels& k, std::index_sequence<to...>) {
+    (addToTenBits<from, Layout(to)>(k), ...);
 }
 
 template <Layout from, Layout to> constexpr void addMove(picture::Kernels& k) {
@@ -71,10 +80,12 @@ template <size_t... all, size_t... bytes>
 constexpr picture::Kernels makeKernels(std::index_sequence<all...>, std::index_sequence<bytes...>) {
     picture::Kernels k{};
     k.block = block;
-    (addLayout<Layout(all), CositedUp, CositedDown>(k, size_t(Chroma::cosited)), ...);
-    (addLayout<Layout(all), NearestUp, NearestDown>(k, size_t(Chroma::nearest)), ...);
-    ((k.unpack[all] = unpack<Layout(all)>), ...);
-    ((k.fromSamples[all] = fromSamples<Layout(all)>), ...);
+    constexpr std::index_sequence<all...> layouts;
+    k.unpackV210 = unpackV210;
+    k.packV210 = packV210;
+    (addLayout<Layout(all), CositedUp, CositedDown>(k, size_t(Chroma::cosited), layouts), ...);
+    (addLayout<Layout(all), NearestUp, NearestDown>(k, size_t(Chroma::nearest), layouts), ...);
+    (addToTenBitsFrom<Layout(all)>(k, layouts), ...);
     (addMovesFrom<Layout(bytes)>(k, std::index_sequence<bytes...>()), ...);
     k.reorderPairs = moves<reorderPairs<OrdinaryStores>, reorderPairs<StreamingStores>>;
     k.repack[0][0][0] = repacks<3, 3, false>;

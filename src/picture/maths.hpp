@@ -28,16 +28,16 @@ ORVA_INLINE Wide centredMean(Wide a, Wide b) { return sub16(add16(a, b), Wide::a
 
 // Both take the row's chroma from pixel x on; `last` that no pair follows the vector's last one.
 struct CositedUp {
-    template <class Reader, bool last>
-    ORVA_INLINE static SitedChroma take(const Source& from, size_t x) {
+    template <class Reader>
+    ORVA_INLINE static SitedChroma take(const Source& from, size_t x, bool last) {
         const Wide own = Reader::template chroma<Wide>(from, x);
         const Wide next = last ? nextDwords(own) : Reader::template chroma<Wide>(from, x + 2);
         return {centredMean(own, own), centredMean(own, next)};
     }
 };
 struct NearestUp {
-    template <class Reader, bool>
-    ORVA_INLINE static SitedChroma take(const Source& from, size_t x) {
+    template <class Reader>
+    ORVA_INLINE static SitedChroma take(const Source& from, size_t x, bool) {
         const Wide own = Reader::template chroma<Wide>(from, x);
         const Wide centred = centredMean(own, own);
         return {centred, centred};

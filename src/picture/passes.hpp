@@ -1,10 +1,10 @@
 // What the engine is made of: passes over a piece of one row, and the tables that hold them, one
 // per instruction set.
 //
-// A pass reads the planes of one layout and writes those of another. One layout exists only between
-// passes, in strips of a few hundred pixels that stay in the first-level cache: samples are words,
-// a plane of luma and one of (Cb, Cr) pairs, at 10-bit scale before the maths and of the
-// destination's depth, not yet bounded, behind it.
+// A pass reads the planes of one layout and writes those of another. V210, whose unit of six pixels
+// no block is made of, is read and written by passes of its own. Between them and the others it is
+// samples, in strips of a few hundred pixels that stay in the first-level cache: a plane of luma
+// words and one of words of (Cb, Cr) pairs, at 10-bit scale and on their way out not yet bounded.
 //
 // Passes convert whole blocks: they read and write as if the number of pixels were rounded up to
 // Kernels::block. Only V210 is read and written in its own units of six pixels. The rows that a
@@ -65,19 +65,19 @@ struct MovePass {
 struct Kernels {
     size_t block;  // pixels
 
-    // YCbCr to pixels, and to samples of another matrix, range or depth; of V210, from samples.
-    // Indexed by Chroma; pixels also by whether their alpha comes from a plane.
+    // V210 to samples and samples, which are bounded here, to V210: exactly the units that hold the
+    // pixels. To all other passes V210 is samples.
+    Pass unpackV210, packV210;
+
+    // YCbCr to pixels, and to YCbCr of another matrix, range or depth. Indexed by Chroma; pixels
+    // also by whether their alpha comes from a plane.
     Pass toPixels[layoutCount][2][pixelKinds][2];
-    Pass toSamples[layoutCount][2];
-    // Pixels to YCbCr; of V210, to samples. Indexed by Chroma and by whether their alpha goes to a
-    // plane.
+    Pass toYcbcr[layoutCount][2][layoutCount];
+    // Pixels to YCbCr. Indexed by Chroma and by whether their alpha goes to a plane.
     Pass fromPixels[pixelKinds][2][layoutCount][2];
 
-    // YCbCr to samples at 10-bit scale as they are. Of V210, exactly the units that hold the pixels
-    // are read.
-    Pass unpack[layoutCount];
-    // Samples to what a destination holds, bounded. Of V210, exactly the units are written.
-    Pass fromSamples[layoutCount];
+    // YCbCr to layouts of 10 bits, the samples as they are; null from a layout to itself.
+    Pass toTenBits[layoutCount][layoutCount];
 
     // Samples of 8 bits moved from one layout to another; null between packed ones and from a
     // layout to itself.

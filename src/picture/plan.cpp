@@ -130,10 +130,9 @@ private:
 
     void fromRgb() {
         plan.constants.fromPixels = fromPixels(source.order(), destination.coding());
-        const Layout to = destination.layout();
-        plan.compute = kernels.fromPixels[source.pixelKind()][chroma][to][throughPixels];
-        if (to == v210)
-            plan.finish = kernels.fromSamples[to];
+        plan.compute =
+            kernels.fromPixels[source.pixelKind()][chroma][destination.layout()][throughPixels];
+        packIfV210();
         plan.readsNeighbours = cosited;
     }
 
@@ -152,8 +151,9 @@ private:
         if (from == to) {
             plan.copiesColour = true;
         } else if (toBits == 10 && (fromBits == 10 || source.range == Range::studio)) {
-            plan.prepare = kernels.unpack[from];
-            plan.finish = kernels.fromSamples[to];
+            unpackIfV210();
+            plan.compute = kernels.toTenBits[from][to];
+            packIfV210();
         } else if (fromBits != toBits) {
             computeYcbcr();
         } else if (isPacked(from) && isPacked(to)) {
@@ -167,14 +167,19 @@ private:
     void computeYcbcr() {
         unpackIfV210();
         plan.constants.toSamples = toSamples(source.coding(), destination.coding());
-        plan.compute = kernels.toSamples[source.layout()][chroma];
-        plan.finish = kernels.fromSamples[destination.layout()];
+        plan.compute = kernels.toYcbcr[source.layout()][chroma][destination.layout()];
+        packIfV210();
         plan.readsNeighbours = cosited;
     }
 
     void unpackIfV210() {
         if (source.layout() == v210)
-            plan.prepare = kernels.unpack[v210];
+            plan.prepare = kernels.unpackV210;
+    }
+
+    void packIfV210() {
+        if (destination.layout() == v210)
+            plan.finish = kernels.packV210;
     }
 
     void moveBy(const MovePass& pass) {

@@ -21,9 +21,9 @@ enum class AlphaStep : uint8_t { none, copy, fill };
 struct Plan {
     bool copiesColour = false;
 
-    Pass prepare = nullptr;  // YCbCr to samples as they are, where the next pass cannot read it
+    Pass prepare = nullptr;  // V210 to samples
     Pass compute = nullptr;  // the maths
-    Pass finish = nullptr;   // samples to what the destination holds, or one format to another
+    Pass finish = nullptr;   // samples to V210, or what only moves
     // What may take the place of a single pass to write past the cache.
     Pass streamingMove = nullptr;
 

@@ -264,7 +264,7 @@ private:
     // whole units are read, is prepared for that.
     void prepare(Piece& piece, const Places& strip) const {
         const size_t pixels = piece.pixels;
-        if (!piece.rowEnd && plan.compute)
+        if (!piece.rowEnd && plan.readsNeighbours)
             piece.pixels += 2;
         run(plan.prepare, piece, strip);
         piece.pixels = pixels;

@@ -51,8 +51,8 @@ template <> struct Reader<Layout::semiPlanar8> : ByteLuma {
 template <> struct Reader<Layout::planar8> : ByteLuma {
     static constexpr size_t pairBytes[] = {2, 1, 1};
     template <class V> ORVA_INLINE static V chroma(const Source& from, size_t x) {
-        return shiftLeft32<2>(V::loadBytesAsDwords(from.plane[1] + x / 2)) |
-               shiftLeft32<18>(V::loadBytesAsDwords(from.plane[2] + x / 2));
+        return shiftLeft16<2>(
+            V::loadBytesInTurnAsWords(from.plane[1] + x / 2, from.plane[2] + x / 2));
     }
 };
 

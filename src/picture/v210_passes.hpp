@@ -20,7 +20,7 @@ template <class Many, class One> ORVA_INLINE void forUnits(const Piece& piece, M
     });
 }
 
-template <> inline void unpack<Layout::v210>(const Piece& piece, const Constants&) {
+inline void unpackV210(const Piece& piece, const Constants&) {
     const auto put = [](const Twelves<Wide>& words, uint8_t* to) {
         words.first.store(to);
         words.second.store(to + Wide::bytes);
@@ -46,7 +46,7 @@ template <> inline void unpack<Layout::v210>(const Piece& piece, const Constants
         });
 }
 
-template <> inline void fromSamples<Layout::v210>(const Piece& piece, const Constants&) {
+inline void packV210(const Piece& piece, const Constants&) {
     forUnits(
         piece,
         [](const Source& from, const Target& to, size_t unit) {

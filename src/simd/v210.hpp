@@ -12,23 +12,42 @@ namespace orva::ORVA_ISA {
 // Of each lane, the first 12 bytes: six words of either kind, chroma as Cb Cr pairs.
 template <class V> struct TenBitLanes { V luma, chroma; };
 
+#if defined(__SSSE3__)
+
+template <class V> ORVA_INLINE TenBitLanes<V> unpackTenBits(V dwords) {
+    // Every sample lies within two bytes, its lowest bit at 0, 2 or 4. A multiplication moves all
+    // to the top of their words, where nothing is above them.
+    const V luma = shuffleBytes(
+        dwords, V::repeat(_mm_setr_epi8(1, 2, 4, 5, 6, 7, 9, 10, 12, 13, 14, 15, -1, -1, -1, -1)));
+    const V chroma = shuffleBytes(
+        dwords, V::repeat(_mm_setr_epi8(0, 1, 2, 3, 5, 6, 8, 9, 10, 11, 13, 14, -1, -1, -1, -1)));
+    const V lumaUp = V::repeat(_mm_setr_epi16(16, 64, 4, 16, 64, 4, 0, 0));
+    const V chromaUp = V::repeat(_mm_setr_epi16(64, 4, 16, 64, 4, 16, 0, 0));
+    return {shiftRight16<6>(multiply16(luma, lumaUp)),
+            shiftRight16<6>(multiply16(chroma, chromaUp))};
+}
+
+// The samples must be below 1024.
+template <class V> ORVA_INLINE V packTenBits(const TenBitLanes<V>& samples) {
+    // The outer samples of chroma's and luma's dwords in turn, and the middle ones of the others.
+    const V luma = shuffleBytes(samples.luma, V::repeat(_mm_setr_epi8(0, 1, -1, -1, 2, 3, 4, 5, 6,
+                                                                      7, -1, -1, 8, 9, 10, 11)));
+    const V chroma = shuffleBytes(
+        samples.chroma,
+        V::repeat(_mm_setr_epi8(0, 1, 2, 3, 4, 5, -1, -1, 6, 7, 8, 9, 10, 11, -1, -1)));
+    const V outer = alternateDwords(chroma, luma), middle = alternateDwords(luma, chroma);
+    return multiply16(outer, V::all32(1 | 16 << 16)) | shiftLeft32<10>(middle);
+}
+
+#else
+
 // The first three words of each half, next to each other, and the way back.
 template <class V> ORVA_INLINE V joinThrees(V halves) {
-#if defined(__SSSE3__)
-    return shuffleBytes(
-        halves, V::repeat(_mm_setr_epi8(0, 1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, -1, -1, -1, -1)));
-#else
     return {_mm_srli_si128(_mm_shufflelo_epi16(halves.v, _MM_SHUFFLE(2, 1, 0, 3)), 2)};
-#endif
 }
 template <class V> ORVA_INLINE V spreadThrees(V words) {
-#if defined(__SSSE3__)
-    return shuffleBytes(
-        words, V::repeat(_mm_setr_epi8(0, 1, 2, 3, 4, 5, -1, -1, 6, 7, 8, 9, 10, 11, -1, -1)));
-#else
     const __m128i halves = _mm_shufflelo_epi16(_mm_slli_si128(words.v, 2), _MM_SHUFFLE(0, 3, 2, 1));
     return Vec128{halves} & Vec128::alternating32(0xFFFFFFFF, 0xFFFF);
-#endif
 }
 
 template <class V> ORVA_INLINE TenBitLanes<V> unpackTenBits(V dwords) {
@@ -50,5 +69,7 @@ template <class V> ORVA_INLINE V packTenBits(const TenBitLanes<V>& samples) {
     return (outer & V::all32(0xFFFF)) | shiftLeft32<4>(outer & V::all32(0xFFFF0000)) |
            shiftLeft32<10>(middle);
 }
+
+#endif
 
 }  // namespace orva::ORVA_ISA

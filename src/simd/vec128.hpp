@@ -36,8 +36,9 @@ struct Vec128 {
     ORVA_INLINE static Vec128 loadBytesAsWords(const uint8_t* p) {
         return {_mm_unpacklo_epi8(load8(p).v, zero().v)};
     }
-    ORVA_INLINE static Vec128 loadBytesAsDwords(const uint8_t* p) {
-        return {_mm_unpacklo_epi16(_mm_unpacklo_epi8(load4(p).v, zero().v), zero().v)};
+    // Half as many from each of two places, in turn.
+    ORVA_INLINE static Vec128 loadBytesInTurnAsWords(const uint8_t* even, const uint8_t* odd) {
+        return {_mm_unpacklo_epi8(_mm_unpacklo_epi8(load4(even).v, load4(odd).v), zero().v)};
     }
     ORVA_INLINE static Vec128 loadWordsAsDwords(const uint8_t* p) {
         return {_mm_unpacklo_epi16(load8(p).v, zero().v)};
@@ -129,6 +130,16 @@ ORVA_INLINE Vec128 everyOddDword(Vec128 a, Vec128 b) {
 ORVA_INLINE Vec128 nextDwords(Vec128 a) { return {_mm_shuffle_epi32(a.v, 0xF9)}; }
 ORVA_INLINE Vec128 previousDwords(Vec128 earlier, Vec128 a) {
     return {_mm_or_si128(_mm_slli_si128(a.v, 4), _mm_srli_si128(earlier.v, 12))};
+}
+
+// The even dwords of one, the odd ones of the other.
+ORVA_INLINE Vec128 alternateDwords(Vec128 even, Vec128 odd) {
+#if defined(__SSE4_1__)
+    return {_mm_blend_epi16(even.v, odd.v, 0xCC)};
+#else
+    const Vec128 first = Vec128::alternating32(0xFFFFFFFF, 0);
+    return (even & first) | exceptBits(odd, first);
+#endif
 }
 
 // The 16-bit upper halves of the dwords of even and odd, interleaved.

@@ -34,8 +34,9 @@ struct Vec256 {
     ORVA_INLINE static Vec256 loadBytesAsWords(const uint8_t* p) {
         return {_mm256_cvtepu8_epi16(Vec128::load(p).v)};
     }
-    ORVA_INLINE static Vec256 loadBytesAsDwords(const uint8_t* p) {
-        return {_mm256_cvtepu8_epi32(Vec128::load8(p).v)};
+    ORVA_INLINE static Vec256 loadBytesInTurnAsWords(const uint8_t* even, const uint8_t* odd) {
+        return {
+            _mm256_cvtepu8_epi16(_mm_unpacklo_epi8(Vec128::load8(even).v, Vec128::load8(odd).v))};
     }
     ORVA_INLINE static Vec256 loadWordsAsDwords(const uint8_t* p) {
         return {_mm256_cvtepu16_epi32(Vec128::load(p).v)};
@@ -76,6 +77,9 @@ ORVA_INLINE Vec256 previousDwords(Vec256 earlier, Vec256 a) {
     return {_mm256_alignr_epi8(a.v, across, 12)};
 }
 
+ORVA_INLINE Vec256 alternateDwords(Vec256 even, Vec256 odd) {
+    return {_mm256_blend_epi32(even.v, odd.v, 0xAA)};
+}
 ORVA_INLINE Vec256 mergeUpperHalves(Vec256 even, Vec256 odd) {
     return {_mm256_blend_epi16(_mm256_srli_epi32(even.v, 16), odd.v, 0xAA)};
 }

@@ -32,8 +32,10 @@ struct Vec512 {
     ORVA_INLINE static Vec512 loadBytesAsWords(const uint8_t* p) {
         return {_mm512_cvtepu8_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)))};
     }
-    ORVA_INLINE static Vec512 loadBytesAsDwords(const uint8_t* p) {
-        return {_mm512_cvtepu8_epi32(Vec128::load(p).v)};
+    ORVA_INLINE static Vec512 loadBytesInTurnAsWords(const uint8_t* even, const uint8_t* odd) {
+        const __m512i evens = _mm512_cvtepu8_epi32(Vec128::load(even).v);
+        const __m512i odds = _mm512_cvtepu8_epi32(Vec128::load(odd).v);
+        return {_mm512_or_si512(evens, _mm512_slli_epi32(odds, 16))};
     }
     ORVA_INLINE static Vec512 loadWordsAsDwords(const uint8_t* p) {
         return {_mm512_cvtepu16_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)))};
@@ -85,6 +87,9 @@ ORVA_INLINE Vec512 previousDwords(Vec512 earlier, Vec512 a) {
     return {_mm512_alignr_epi32(a.v, earlier.v, 15)};
 }
 
+ORVA_INLINE Vec512 alternateDwords(Vec512 even, Vec512 odd) {
+    return {_mm512_mask_blend_epi32(0xAAAA, even.v, odd.v)};
+}
 ORVA_INLINE Vec512 mergeUpperHalves(Vec512 even, Vec512 odd) {
     const __m512i upperHalvesDown =
         _mm512_broadcast_i32x4(_mm_setr_epi32(0x0302, 0x0706, 0x0B0A, 0x0F0E));
