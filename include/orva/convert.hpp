@@ -447,8 +447,9 @@ enum class Chroma : std::uint32_t {
 };
 
 // Whether frames are written past the cache, which is faster where they are not read again soon.
-// Never changes a byte. Automatic: what only moves, in pictures of 2 MB and more, source and
-// destination together.
+// Never changes a byte, and takes place where the rows of the destination reach a cache line with a
+// whole unit. Automatic: in pictures of 2 MB and more, source and destination together, what only
+// moves, and where the processor gains by it what is computed.
 enum class Streaming : std::uint32_t {
     automatic = ORVA_STREAMING_AUTOMATIC,
     never = ORVA_STREAMING_NEVER,

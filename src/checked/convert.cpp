@@ -44,13 +44,18 @@ std::uint64_t bytesOf(const OrvaImage& image) {
     return row * image.height;
 }
 
-// What is computed is not written past the cache by itself: the detour costs what it saves.
 picture::StreamingKinds streamingKinds(Streaming wish, const OrvaImage& source,
                                        const OrvaImage& destination) {
-    if (wish != Streaming::automatic) {
-        return {wish == Streaming::always, wish == Streaming::always};
+    switch (wish) {
+    case Streaming::never:
+        return {false, false};
+    case Streaming::always:
+        return {true, true};
+    default:
+        const std::uint64_t read = bytesOf(source), written = bytesOf(destination);
+        const bool large = read + written >= streamedBytes;
+        return {large, large && written >= read && streamingPaysWhereComputed()};
     }
-    return {bytesOf(source) + bytesOf(destination) >= streamedBytes, false};
 }
 
 Options optionsOf(const OrvaOptions& options) {

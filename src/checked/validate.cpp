@@ -44,13 +44,17 @@ constexpr ImageFields imageFields = ORVA_IMAGE_FIELDS("image");
 
 // The part of a plane that its rows span, gaps between them included.
 struct Extent {
-    const std::byte* begin = nullptr;
-    const std::byte* end = nullptr;
-    std::ptrdiff_t pitch = 0;
-    PlaneInfo info{};
+    const std::byte *begin, *end;
+    std::ptrdiff_t pitch;
+    PlaneInfo info;
+    std::uint8_t plane;
 };
 
-using Extents = std::array<Extent, planeCount>;
+// Those of the planes that an image has.
+struct Extents {
+    std::array<Extent, planeCount> list;
+    std::size_t count = 0;
+};
 
 // No object, and no distance within one, is larger.
 constexpr auto mostBytes = static_cast<std::uint64_t>(PTRDIFF_MAX);
@@ -70,10 +74,25 @@ Refusal checkImageItself(const OrvaImage* image, const ImageFields& fields) {
     return {};
 }
 
-Refusal checkChoice(const char* field, std::uint32_t choice, std::uint32_t last,
-                    const char* advice) {
-    return choice > last ? Refusal{ORVA_BAD_OPTION, field, choice, advice} : Refusal{};
-}
+struct Choice {
+    const char* field;
+    uint32_t OrvaOptions::*value;
+    uint32_t last;
+    const char* advice;
+};
+
+constexpr const char *matrices = "give 0 for BT.601, 1 for BT.709 or 2 for BT.2020",
+                     *ranges = "give 0 for studio range or 1 for full range";
+constexpr Choice choices[] = {
+    {"options.srcMatrix", &OrvaOptions::srcMatrix, ORVA_MATRIX_BT2020, matrices},
+    {"options.dstMatrix", &OrvaOptions::dstMatrix, ORVA_MATRIX_BT2020, matrices},
+    {"options.srcRange", &OrvaOptions::srcRange, ORVA_RANGE_FULL, ranges},
+    {"options.dstRange", &OrvaOptions::dstRange, ORVA_RANGE_FULL, ranges},
+    {"options.chroma", &OrvaOptions::chroma, ORVA_CHROMA_NEAREST,
+     "give 0 for cosited or 1 for nearest"},
+    {"options.streaming", &OrvaOptions::streaming, ORVA_STREAMING_ALWAYS,
+     "give 0 for automatic, 1 for never or 2 for always"},
+};
 
 Refusal checkOptions(const OrvaOptions& options) {
     if (options.structSize != sizeof(OrvaOptions)) {
@@ -83,26 +102,16 @@ Refusal checkOptions(const OrvaOptions& options) {
     if (options.alpha < 0 || options.alpha > 255) {
         return {ORVA_BAD_OPTION, "options.alpha", options.alpha, "give an alpha from 0 to 255"};
     }
-    constexpr const char *matrices = "give 0 for BT.601, 1 for BT.709 or 2 for BT.2020",
-                         *ranges = "give 0 for studio range or 1 for full range";
-    for (const Refusal& refusal :
-         {checkChoice("options.srcMatrix", options.srcMatrix, ORVA_MATRIX_BT2020, matrices),
-          checkChoice("options.dstMatrix", options.dstMatrix, ORVA_MATRIX_BT2020, matrices),
-          checkChoice("options.srcRange", options.srcRange, ORVA_RANGE_FULL, ranges),
-          checkChoice("options.dstRange", options.dstRange, ORVA_RANGE_FULL, ranges),
-          checkChoice("options.chroma", options.chroma, ORVA_CHROMA_NEAREST,
-                      "give 0 for cosited or 1 for nearest"),
-          checkChoice("options.streaming", options.streaming, ORVA_STREAMING_ALWAYS,
-                      "give 0 for automatic, 1 for never or 2 for always")}) {
-        if (refusal) {
-            return refusal;
+    for (const Choice& choice : choices) {
+        if (const uint32_t value = options.*choice.value; value > choice.last) {
+            return {ORVA_BAD_OPTION, choice.field, value, choice.advice};
         }
     }
     return {};
 }
 
 Refusal checkPlane(const OrvaPlane& plane, std::uint64_t row, std::uint32_t height,
-                   const PlaneFields& fields, Extent& extent) {
+                   const PlaneFields& fields, const std::byte*& end) {
     if (!plane.data) {
         return {ORVA_NULL_PLANE, fields.data, 0, "give the plane that the format has"};
     }
@@ -111,19 +120,19 @@ Refusal checkPlane(const OrvaPlane& plane, std::uint64_t row, std::uint32_t heig
         return {ORVA_PITCH_BELOW_ROW, fields.pitch, plane.pitch,
                 "make the pitch at least as long as a row"};
     }
-    if (size < row || (height > 1 && (size - row) / (height - 1) < pitch)) {
+    // A single row may have any pitch.
+    std::uint64_t bytes = row;
+    const bool tooLarge = height > 1 && (__builtin_mul_overflow(pitch, height - 1, &bytes) ||
+                                         __builtin_add_overflow(bytes, row, &bytes));
+    if (tooLarge || size < bytes) {
         return {ORVA_SHORT_PLANE, fields.size, static_cast<std::int64_t>(size),
                 "give pitch * (height - 1) + row bytes at least"};
     }
-    // A single row may have any pitch.
-    const std::uint64_t bytes = height > 1 ? pitch * (height - 1) + row : row;
     if (bytes > mostBytes) {
         return {ORVA_BAD_SIZE, fields.size, static_cast<std::int64_t>(size),
                 "convert fewer rows at once: they span more than half of the address space"};
     }
-    extent.begin = static_cast<const std::byte*>(plane.data);
-    extent.end = extent.begin + bytes;
-    extent.pitch = plane.pitch;
+    end = static_cast<const std::byte*>(plane.data) + bytes;
     return {};
 }
 
@@ -140,39 +149,49 @@ Refusal checkPlanes(const OrvaImage& image, const ImageFields& fields, Extents& 
             return {ORVA_BAD_SIZE, fields.width, image.width,
                     "make the image narrower: a row is longer than half of the address space"};
         }
-        extents[i].info = info.planes[i];
+        const std::byte* end = nullptr;
         if (const Refusal refusal =
-                checkPlane(*planes[i], row, image.height, fields.planes[i], extents[i])) {
+                checkPlane(*planes[i], row, image.height, fields.planes[i], end)) {
             return refusal;
         }
+        extents.list[extents.count++] = {static_cast<const std::byte*>(planes[i]->data), end,
+                                         planes[i]->pitch, info.planes[i], i};
     }
     return {};
 }
 
+bool overlap(const Extent& a, const Extent& b) {
+    const std::less<> before;
+    return before(a.begin, b.end) && before(b.begin, a.end);
+}
+
 // Every row of the one is the same row of the other, pixel for pixel.
 bool inPlace(const Extent& a, const Extent& b, std::uint32_t height) {
-    return a.begin == b.begin && a.end == b.end && (a.pitch == b.pitch || height == 1) &&
-           a.info.unitBytes == b.info.unitBytes && a.info.unitPixels == b.info.unitPixels;
+    return a.plane == b.plane && a.begin == b.begin && a.end == b.end &&
+           (a.pitch == b.pitch || height == 1) && a.info.unitBytes == b.info.unitBytes &&
+           a.info.unitPixels == b.info.unitPixels;
+}
+
+Refusal refuseOverlap(const Extent& written, const Extent& other) {
+    return {ORVA_OVERLAP, destinationFields.planes[written.plane].data,
+            static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(written.begin) -
+                                      reinterpret_cast<std::uintptr_t>(other.begin)),
+            "it begins that many bytes behind a plane that it overlaps, row gaps included: give it "
+            "memory of its own, or the very rows of the source's plane if both have the same "
+            "units"};
 }
 
 Refusal checkOverlap(const Extents& source, const Extents& destination, std::uint32_t height) {
-    const auto overlap = [](const Extent& a, const Extent& b) {
-        const std::less<> before;
-        return before(a.begin, b.end) && before(b.begin, a.end);
-    };
-    for (std::size_t i = 0; i < planeCount; ++i) {
-        for (std::size_t j = 0; j < planeCount; ++j) {
-            const bool withSource = overlap(destination[i], source[j]) &&
-                                    !(i == j && inPlace(destination[i], source[j], height));
-            if (withSource || (j < i && overlap(destination[i], destination[j]))) {
-                const Extent& other = withSource ? source[j] : destination[j];
-                return {ORVA_OVERLAP, destinationFields.planes[i].data,
-                        static_cast<std::int64_t>(
-                            reinterpret_cast<std::uintptr_t>(destination[i].begin) -
-                            reinterpret_cast<std::uintptr_t>(other.begin)),
-                        "it begins that many bytes behind a plane that it overlaps, row gaps "
-                        "included: give it memory of its own, or the very rows of the "
-                        "source's plane if both have the same units"};
+    for (std::size_t i = 0; i < destination.count; ++i) {
+        const Extent& written = destination.list[i];
+        for (std::size_t j = 0; j < source.count; ++j) {
+            if (overlap(written, source.list[j]) && !inPlace(written, source.list[j], height)) {
+                return refuseOverlap(written, source.list[j]);
+            }
+        }
+        for (std::size_t j = 0; j < i; ++j) {
+            if (overlap(written, destination.list[j])) {
+                return refuseOverlap(written, destination.list[j]);
             }
         }
     }

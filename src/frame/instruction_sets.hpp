@@ -20,6 +20,10 @@ inline bool supportsAvx512() {
            __builtin_cpu_supports("avx512vnni");
 }
 
+// Whether results that the processor has to compute should be written past its caches as well. On
+// Intel's it saves the reading of lines that are overwritten; on AMD's it takes 8 to 50 % longer.
+inline bool streamingPaysWhereComputed() { return __builtin_cpu_is("intel") != 0; }
+
 // May be called before the C library's constructors.
 template <class Kernels> const Kernels* newestSupported(const Tables<Kernels>& tables) {
     __builtin_cpu_init();

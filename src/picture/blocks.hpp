@@ -11,6 +11,25 @@ using picture::PixelKind;
 
 constexpr size_t half = 8 * Wide::lanes, block = 2 * half;  // pixels
 
+// What is computed goes past the cache where the piece says so. The choice is made anew for every
+// store, which costs little beside the maths, and saves a second copy of each pass.
+class ChosenStores {
+public:
+    ORVA_INLINE explicit ChosenStores(const Piece& piece) : streams(piece.streams) {}
+
+    ORVA_INLINE void put(Wide value, uint8_t* p) const {
+        bool now = streams;
+        asm("" : "+r"(now));  // or the compiler makes a loop of each
+        if (now)
+            value.streamWhole(p);
+        else
+            value.store(p);
+    }
+
+private:
+    bool streams;
+};
+
 // Calls convert(from, to) for every row.
 template <class Convert> ORVA_INLINE void forRows(const Piece& piece, Convert convert) {
     Source from = piece.from;

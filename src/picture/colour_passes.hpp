@@ -32,6 +32,7 @@ template <Layout layout, class Up, PixelKind kind, bool alphaPlane>
 void toPixels(const Piece& piece, const Constants& c) {
     const ToPixelsMath<kind == PixelKind::alphaFirst> math(c);
     const Wide constantAlpha = Wide::all16(c.alpha);
+    const ChosenStores stores(piece);
     fromYcbcr<layout, Up>(
         piece,
         [&](Wide luma, const SitedChroma& chroma, const Source& from, size_t x) {
@@ -39,33 +40,35 @@ void toPixels(const Piece& piece, const Constants& c) {
                         alphaPlane ? Wide::loadBytesAsWords(from.plane[orva::alphaPlane] + x)
                                    : constantAlpha);
         },
-        [](const Target& to, size_t x, const Pixels8<Wide>& a, const Pixels8<Wide>& b) {
-            putPixels<bytesOf(kind)>(OrdinaryStores(), {a.a, a.b, b.a, b.b}, to.plane[0], x);
+        [&](const Target& to, size_t x, const Pixels8<Wide>& a, const Pixels8<Wide>& b) {
+            putPixels<bytesOf(kind)>(stores, {a.a, a.b, b.a, b.b}, to.plane[0], x);
         });
 }
 
 template <Layout layout, class Up, Layout destination>
 void toYcbcr(const Piece& piece, const Constants& c) {
     const ToSamplesMath math(c);
+    const ChosenStores stores(piece);
     fromYcbcr<layout, Up>(
         piece,
         [&](Wide luma, const SitedChroma& chroma, const Source&, size_t) {
             return math(luma, chroma);
         },
-        [](const Target& to, size_t x, const Words<Wide>& first, const Words<Wide>& second) {
-            Writer<destination>::put(WordsPair<Wide>{first, second}, to, x);
+        [&](const Target& to, size_t x, const Words<Wide>& first, const Words<Wide>& second) {
+            Writer<destination>::put(stores, WordsPair<Wide>{first, second}, to, x);
         });
 }
 
 template <Layout layout, Layout destination> void toTenBits(const Piece& piece, const Constants&) {
     using In = Reader<layout>;
-    forBlocks(piece, [](const Source& from, const Target& to, size_t x) {
+    const ChosenStores stores(piece);
+    forBlocks(piece, [&](const Source& from, const Target& to, size_t x) {
         const auto take = [&](size_t at) {
             return Words<Wide>{In::template luma<Wide>(from, at),
                                In::template chroma<Wide>(from, at)};
         };
         fetchBlockAhead<In>(from, x);
-        Writer<destination>::put(WordsPair<Wide>{take(x), take(x + half)}, to, x);
+        Writer<destination>::put(stores, WordsPair<Wide>{take(x), take(x + half)}, to, x);
     });
 }
 
@@ -76,6 +79,7 @@ void fromPixels(const Piece& piece, const Constants& c) {
     constexpr unsigned bytes = bytesOf(kind);
     constexpr int depth = layout < Layout::byteLayouts ? 8 : 10;
     const FromPixelsMath<depth> math(c);
+    const ChosenStores stores(piece);
     forRows(piece, [&](const Source& from, const Target& to) {
         const uint8_t* const first = from.plane[0];
         Split before = splitPixel(pixelAt<bytes>(piece.rowStart ? first : first - bytes));
@@ -83,10 +87,10 @@ void fromPixels(const Piece& piece, const Constants& c) {
             const Pixels16<Wide> in = takePixels<bytes>(first, x);
             const auto a = math.template operator()<Down>({in.a, in.b}, before);
             const auto b = math.template operator()<Down>({in.c, in.d}, before);
-            Writer<layout>::put(WordsPair<Wide>{a, b}, to, x);
+            Writer<layout>::put(stores, WordsPair<Wide>{a, b}, to, x);
             fetchAhead(first + bytes * x, bytes * block);
             if constexpr (alphaPlane)
-                putAlpha<kind == PixelKind::alphaFirst>(in, to, x);
+                putAlpha<kind == PixelKind::alphaFirst>(stores, in, to, x);
         }
     });
 }

@@ -8,8 +8,6 @@
 namespace orva::ORVA_ISA {
 namespace {
 
-using picture::Pass;
-
 void stream(uint8_t* to, const uint8_t* from, size_t bytes) {
     size_t at = -reinterpret_cast<uintptr_t>(to) % cacheLine;
     if (bytes < at + cacheLine) {
@@ -22,12 +20,6 @@ void stream(uint8_t* to, const uint8_t* from, size_t bytes) {
             Wide::load(from + i).stream(to + i);
     __builtin_memcpy(to + at, from + at, bytes - at);
 }
-
-template <Pass ordinary, Pass streaming> constexpr picture::MovePass moves{ordinary, streaming};
-
-template <unsigned from, unsigned to, bool alphaPlane>
-constexpr picture::MovePass repacks = moves<repack<from, to, alphaPlane, OrdinaryStores>,
-                                            repack<from, to, alphaPlane, StreamingStores>>;
 
 // Whether a format of this layout may have an alpha plane beside it.
 constexpr bool mayHaveAlpha(Layout layout) { return layout <= Layout::semiPlanar8; }
@@ -69,7 +61,7 @@ constexpr void addToTenBitsFrom(picture::Kernels& k, std::index_sequence<to...>)
 template <Layout from, Layout to> constexpr void addMove(picture::Kernels& k) {
     constexpr bool packed = from <= Layout::uvyy && to <= Layout::uvyy;
     if constexpr (from != to && !packed)
-        k.move[from][to] = moves<move<from, to, OrdinaryStores>, move<from, to, StreamingStores>>;
+        k.move[from][to] = move<from, to>;
 }
 template <Layout from, size_t... to>
 constexpr void addMovesFrom(picture::Kernels& k, std::index_sequence<to...>) {
@@ -87,13 +79,13 @@ constexpr picture::Kernels makeKernels(std::index_sequence<all...>, std::index_s
     (addLayout<Layout(all), NearestUp, NearestDown>(k, size_t(Chroma::nearest), layouts), ...);
     (addToTenBitsFrom<Layout(all)>(k, layouts), ...);
     (addMovesFrom<Layout(bytes)>(k, std::index_sequence<bytes...>()), ...);
-    k.reorderPairs = moves<reorderPairs<OrdinaryStores>, reorderPairs<StreamingStores>>;
-    k.repack[0][0][0] = repacks<3, 3, false>;
-    k.repack[0][1][0] = repacks<3, 4, false>;
-    k.repack[0][1][1] = repacks<3, 4, true>;
-    k.repack[1][0][0] = repacks<4, 3, false>;
-    k.repack[1][0][1] = repacks<4, 3, true>;
-    k.repack[1][1][0] = repacks<4, 4, false>;
+    k.reorderPairs = reorderPairs;
+    k.repack[0][0][0] = repack<3, 3, false>;
+    k.repack[0][1][0] = repack<3, 4, false>;
+    k.repack[0][1][1] = repack<3, 4, true>;
+    k.repack[1][0][0] = repack<4, 3, false>;
+    k.repack[1][0][1] = repack<4, 3, true>;
+    k.repack[1][1][0] = repack<4, 4, false>;
     k.extractAlpha[0] = extractAlpha<false>;
     k.extractAlpha[1] = extractAlpha<true>;
     k.stream = stream;

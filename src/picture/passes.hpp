@@ -52,15 +52,10 @@ struct Piece {
     ptrdiff_t fromStep[planeCount], toStep[planeCount];
     bool rowStart;  // no pixel before the first one
     bool rowEnd;    // no pixel behind the last one; else the next pair's chroma may be read
+    bool streams;   // past the cache, to rows that begin at multiples of 64 bytes
 };
 
 using Pass = void (*)(const Piece&, const Constants&);
-
-// A pass that computes nothing, so that how it stores decides its speed. Past the cache its
-// destination's rows must begin at multiples of 64 bytes.
-struct MovePass {
-    Pass ordinary, streaming;
-};
 
 struct Kernels {
     size_t block;  // pixels
@@ -81,13 +76,13 @@ struct Kernels {
 
     // Samples of 8 bits moved from one layout to another; null between packed ones and from a
     // layout to itself.
-    MovePass move[byteLayouts][byteLayouts];
+    Pass move[byteLayouts][byteLayouts];
     // The four bytes of packed pairs in Constants::order.
-    MovePass reorderPairs;
+    Pass reorderPairs;
     // RGB moved: the bytes of pixels in Constants::order. Indexed by whether they have 4, first of
     // the source; and by whether pixels of 4 bytes get their alpha from a plane, not Constants, or
     // give it to one.
-    MovePass repack[2][2][2];
+    Pass repack[2][2][2];
     // Of pixels of 4 bytes, to a plane alone. Indexed by whether alpha is the first byte.
     Pass extractAlpha[2];
 

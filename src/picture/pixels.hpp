@@ -60,14 +60,15 @@ ORVA_INLINE Pixels16<Wide> withAlpha(const Pixels16<Wide>& pixels, const Pixels1
             (pixels.c & colour) | alpha.c, (pixels.d & colour) | alpha.d};
 }
 
-template <bool alphaFirst>
-ORVA_INLINE void putAlpha(const Pixels16<Wide>& pixels, const picture::Target& to, size_t x) {
+template <bool alphaFirst, class Stores>
+ORVA_INLINE void putAlpha(Stores stores, const Pixels16<Wide>& pixels, const picture::Target& to,
+                          size_t x) {
     const auto alpha = [](Wide p) {
         return alphaFirst ? p & Wide::all32(0xFF) : shiftRight32<24>(p);
     };
-    groupQuarters(packBytes(packWords(alpha(pixels.a), alpha(pixels.b)),
-                            packWords(alpha(pixels.c), alpha(pixels.d))))
-        .store(to.plane[orva::alphaPlane] + x);
+    stores.put(groupQuarters(packBytes(packWords(alpha(pixels.a), alpha(pixels.b)),
+                                       packWords(alpha(pixels.c), alpha(pixels.d)))),
+               to.plane[orva::alphaPlane] + x);
 }
 
 }  // namespace orva::ORVA_ISA

@@ -125,7 +125,8 @@ private:
         if (source.info.format == destination.info.format)
             plan.copiesColour = true;
         else
-            moveBy(kernels.repack[source.hasPixels32()][destination.hasPixels32()][throughPixels]);
+            plan.finish =
+                kernels.repack[source.hasPixels32()][destination.hasPixels32()][throughPixels];
     }
 
     void fromRgb() {
@@ -157,10 +158,10 @@ private:
         } else if (fromBits != toBits) {
             computeYcbcr();
         } else if (isPacked(from) && isPacked(to)) {
-            moveBy(kernels.reorderPairs);
+            plan.finish = kernels.reorderPairs;
             orderBytes();
         } else {
-            moveBy(kernels.move[from][to]);
+            plan.finish = kernels.move[from][to];
         }
     }
 
@@ -178,13 +179,9 @@ private:
     }
 
     void packIfV210() {
-        if (destination.layout() == v210)
+        if (destination.layout() == v210) {
             plan.finish = kernels.packV210;
-    }
-
-    void moveBy(const MovePass& pass) {
-        plan.finish = pass.ordinary;
-        plan.streamingMove = pass.streaming;
+        }
     }
 
     void orderBytes() {
@@ -202,6 +199,7 @@ private:
     Plan plan;
 };
 
+bool isYcbcr(const OrvaFormatInfo& info) { return info.model == ORVA_MODEL_YCBCR; }
 bool hasAlphaPlane(const OrvaFormatInfo& info) {
     return formatOf(info) == Format::A8P || info.planes[alphaPlane].unitBytes > 0;
 }
@@ -238,6 +236,7 @@ Plan makePlan(Format from, Format to, const Options& options, const Kernels& ker
     // Six pixels are a unit of V210. Blocks are 2^n pixels, so three of them are whole units.
     const bool hasV210 = plan.toV210 || from == Format::V210;
     plan.granularity = kernels.block * (hasV210 ? 3 : 1);
+    plan.unitPixels = hasV210 ? 6 : isYcbcr(source.info) || isYcbcr(destination.info) ? 2 : 1;
     plan.constants.alpha = static_cast<uint8_t>(options.alpha);
     return plan;
 }

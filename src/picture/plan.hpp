@@ -24,12 +24,11 @@ struct Plan {
     Pass prepare = nullptr;  // V210 to samples
     Pass compute = nullptr;  // the maths
     Pass finish = nullptr;   // samples to V210, or what only moves
-    // What may take the place of a single pass to write past the cache.
-    Pass streamingMove = nullptr;
 
     bool readsNeighbours = false;  // pixels of a row depend on one another
     bool toV210 = false;
-    size_t granularity = 0;  // pixels: pieces of a row begin at multiples of it
+    size_t unitPixels = 0;   // a piece of a row begins at a multiple of it,
+    size_t granularity = 0;  // and at whole blocks of units from there on the next
     Shape source = {}, destination = {};
 
     AlphaStep alpha = AlphaStep::none;
@@ -37,6 +36,7 @@ struct Plan {
     Constants constants = {};
 
     bool hasPasses() const { return compute || finish; }
+    bool onlyMoves() const { return !prepare && !compute; }
 };
 
 Plan makePlan(Format source, Format destination, const Options& options, const Kernels& kernels);

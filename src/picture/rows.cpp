@@ -1,19 +1,23 @@
 // Rows as pieces.
 //
-// Most of a row is direct: passes read the source where it lies and write the destination where it
-// lies, whole blocks at a time. What is left behind the last whole block is copied to where there
-// is room for a block, completed by the pixel or pair that would follow, converted there, and the
-// bytes that belong to the row are copied out. So no pass knows of an odd width or of a row's last
-// bytes. Destinations that are written past the cache are copied out from there as well, piece by
-// piece.
+// Passes read the source where it lies and write the destination where it lies, whole blocks at a
+// time. What is left behind the last whole block of a row is converted with the pixels before it as
+// one more block. Where that cannot be (narrow rows, odd widths of 4:2:2, V210, pictures converted
+// in place) it is copied to where there is room for a block, completed by the pixel or pair that
+// would follow, converted there, and the bytes that belong to the row are copied out. So no pass
+// knows of an odd width or of a row's last bytes.
 //
-// A piece is some pixels of one row, or as many whole rows as fit.
+// Past the cache only whole cache lines are written. Where a row does not begin with one, a first
+// piece is written through the cache, and the next one begins at a line within it.
+//
+// A piece is some pixels of one row, or of as many rows as are alike.
 #include "picture/rows.hpp"
 
 #include "picture/units.hpp"
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 namespace orva::picture {
 namespace {
@@ -23,6 +27,10 @@ namespace {
 constexpr size_t stripPixels = 768;
 
 size_t offsetOf(PlaneInfo plane, size_t x) { return unitsBefore(plane, x) * plane.unitBytes; }
+
+constexpr size_t roundUp(size_t value, size_t multiple) {
+    return (value + multiple - 1) / multiple * multiple;
+}
 
 size_t bytesOf(PlaneInfo plane, size_t pixels) { return bytesOfUnits(plane, pixels); }
 
@@ -106,12 +114,11 @@ class Rows {
 public:
     Rows(const Plan& plan, const Kernels& kernels, const Area& area, StreamingKinds streaming)
         : plan(plan), kernels(kernels), area(area), streamsCopies(streaming.moves),
-          streamsDirectly(streaming.moves && plan.streamingMove && isAligned()),
-          buffers(streaming.computed && !streamsDirectly) {
-        // Pieces begin where units and blocks do; the last one may end where only a block does.
-        const size_t rest = area.width % plan.granularity;
-        wholePixels = rest % kernels.block == 0 ? area.width : area.width - rest;
-    }
+          // What is converted in place is not converted twice.
+          mayOverlap(!isInPlace()),
+          streams((plan.onlyMoves() ? streaming.moves : streaming.computed) && mayOverlap),
+          overlapsEnd(mayOverlap && plan.unitPixels < 6 && area.width >= kernels.block &&
+                      area.width % plan.unitPixels == 0) {}
 
     void convert() {
         const size_t most = rowsAtOnce();
@@ -126,31 +133,69 @@ public:
     }
 
 private:
+    static constexpr size_t line = 64;  // bytes
+
     template <class Byte> static Byte* rowOf(const PlaneRows<Byte>& plane, size_t y) {
         return plane.first + static_cast<std::ptrdiff_t>(y) * plane.pitch;
     }
 
-    // Whether what a piece holds passes through a strip.
-    bool inStrips() const { return (plan.compute && plan.finish) || plan.prepare || buffers; }
-
-    size_t rowsAtOnce() const {
-        const bool alike = wholePixels == area.width && !(plan.toV210 && area.width % 6 != 0);
-        if (!alike && !plan.copiesColour)
-            return 1;
-        return inStrips() ? std::max<size_t>(1, stripPixels / area.width) : area.height;
+    bool isInPlace() const {
+        for (size_t i = 0; i < planeCount; ++i)
+            if (bytesOf(plan.destination.planes[i], 1) > 0 &&
+                area.destination.planes[i].first == area.source.planes[i].first)
+                return true;
+        return false;
     }
 
-    // Whether every row of the destination begins where a cache line does.
-    bool isAligned() const {
-        constexpr size_t line = 64;
-        uintptr_t bits = 0;
-        for (size_t i = 0; i < planeCount; ++i) {
-            const auto& [first, pitch] = area.destination.planes[i];
-            if (plan.destination.planes[i].unitBytes > 0)
-                bits |=
-                    reinterpret_cast<uintptr_t>(first) | (area.height > 1 ? uintptr_t(pitch) : 0);
+    // Whether what a piece holds passes through a strip.
+    bool inStrips() const { return (plan.compute && plan.finish) || plan.prepare; }
+
+    // Rows that are alike and have no parts are one piece.
+    size_t rowsAtOnce() const {
+        if (!plan.hasPasses())
+            return area.height;
+        const bool isWhole = wholeFrom(0) == area.width;
+        const bool streamsAlike = !streams || area.height == 1 || firstLinesAreFirst();
+        if (!streamsAlike || !(isWhole || (overlapsEnd && !streams)) ||
+            (plan.toV210 && area.width % 6 != 0))
+            return 1;
+        return inStrips() || !isWhole ? std::max<size_t>(1, stripPixels / area.width) : area.height;
+    }
+
+    // Whether every row begins at a cache line.
+    bool firstLinesAreFirst() const {
+        for (size_t i = 0; i < planeCount; ++i)
+            if (plan.destination.planes[i].unitBytes > 0 &&
+                uintptr_t(area.destination.planes[i].pitch) % line != 0)
+                return false;
+        return firstLineOf(0) == 0;
+    }
+
+    // The least x from which on a row may be written past the cache, if any: where all planes of
+    // the destination are at cache lines.
+    std::optional<size_t> firstLineOf(size_t y) const {
+        if (!streams)
+            return std::nullopt;
+        for (size_t x = 0; x < line * plan.unitPixels; x += plan.unitPixels) {
+            uintptr_t bits = 0;
+            for (size_t i = 0; i < planeCount; ++i)
+                if (const PlaneInfo& plane = plan.destination.planes[i]; plane.unitBytes > 0)
+                    bits |= reinterpret_cast<uintptr_t>(rowOf(area.destination.planes[i], y)) +
+                            offsetOf(plane, x);
+            if (bits % line == 0)
+                return x;
+            // No unit's bytes are an odd number but those of RGB24 and single bytes.
+            if (x == 0 && bits % 2 != 0 && plan.unitPixels > 1)
+                return std::nullopt;
         }
-        return bits % line == 0;
+        return std::nullopt;
+    }
+
+    // Where the pieces of a row that begin at x and are whole blocks end. They begin where units
+    // and blocks do; the last one may end where only a block does.
+    size_t wholeFrom(size_t x) const {
+        const size_t rest = (area.width - x) % plan.granularity;
+        return rest % kernels.block == 0 ? area.width : area.width - rest;
     }
 
     // ---- Bytes ----
@@ -175,19 +220,28 @@ private:
     // ---- Colour ----
 
     void convertColour(size_t y, size_t rows) {
-        for (size_t x = 0; x < area.width;) {
-            const size_t pixels = pieceAt(x);
-            convertPiece(x, y, pixels, rows);
+        size_t x = 0;
+        const std::optional<size_t> firstLine = firstLineOf(y);
+        const size_t lead = roundUp(firstLine.value_or(0), plan.granularity);
+        const bool streamsRow = firstLine && lead < area.width;
+        if (streamsRow && lead > 0) {
+            convertPart(0, lead, y, 0, *firstLine);
+            x = *firstLine;
+        }
+        const size_t whole = wholeFrom(x);
+        while (x < whole) {
+            const size_t pixels = inStrips() ? std::min(whole - x, stripPixels) : whole - x;
+            convertPiece(x, y, pixels, rows, streamsRow);
             x += pixels;
         }
-    }
-
-    // Pieces are whole blocks, but for what is left of a row.
-    size_t pieceAt(size_t x) const {
-        if (x >= wholePixels)
-            return area.width - x;
-        const size_t rest = wholePixels - x;
-        return inStrips() ? std::min(rest, stripPixels) : rest;
+        if (x == area.width)
+            return;
+        if (!overlapsEnd)
+            convertEnd(x, y);
+        else if (streamsRow)
+            convertPart(area.width - kernels.block, kernels.block, y, x, area.width - x);
+        else
+            convertPiece(area.width - kernels.block, y, kernels.block, rows, false);
     }
 
     // Where the rows of a piece lie.
@@ -196,45 +250,59 @@ private:
         std::ptrdiff_t step[planeCount];
     };
 
-    void convertPiece(size_t x, size_t y, size_t pixels, size_t rows) {
+    Piece pieceAt(size_t x, size_t y, size_t pixels, size_t rows) const {
         Piece piece = {};
         piece.pixels = pixels;
         piece.rows = rows;
         piece.rowStart = x == 0;
         piece.rowEnd = x + pixels == area.width;
-        Places destination = {}, buffer = {out.target(), {}};
-        for (size_t i = 0; i < planeCount; ++i) {
-            const PlaneInfo &from = plan.source.planes[i], &to = plan.destination.planes[i];
-            if (from.unitBytes > 0) {
-                piece.from.plane[i] = rowOf(area.source.planes[i], y) + offsetOf(from, x);
+        for (size_t i = 0; i < planeCount; ++i)
+            if (const PlaneInfo& plane = plan.source.planes[i]; plane.unitBytes > 0) {
+                piece.from.plane[i] = rowOf(area.source.planes[i], y) + offsetOf(plane, x);
                 piece.fromStep[i] = area.source.planes[i].pitch;
             }
-            if (to.unitBytes > 0) {
-                destination.target.plane[i] =
-                    rowOf(area.destination.planes[i], y) + offsetOf(to, x);
-                destination.step[i] = area.destination.planes[i].pitch;
-                buffer.step[i] = static_cast<std::ptrdiff_t>(bytesOf(to, pixels));
-            }
-        }
-        const bool whole = x < wholePixels;
-        if (!whole) {
-            copyEnd(plan.source, piece.from, end.target(), pixels, x > 0);
-            piece.from = end.source();
-        }
-        if (whole && !buffers) {
-            makePiece(piece, destination, streamsDirectly ? plan.streamingMove : plan.finish);
-            return;
-        }
-        makePiece(piece, buffer, plan.finish);
-        for (size_t i = 0; i < planeCount; ++i)
-            for (size_t row = 0; buffer.step[i] > 0 && row < rows; ++row)
-                copy(destination.target.plane[i] + std::ptrdiff_t(row) * destination.step[i],
-                     buffer.target.plane[i] + std::ptrdiff_t(row) * buffer.step[i],
-                     static_cast<size_t>(buffer.step[i]), buffers);
+        return piece;
     }
 
-    void makePiece(const Piece& piece, const Places& result, Pass finish) {
-        runPasses(piece, result, finish);
+    Places destinationAt(size_t x, size_t y) const {
+        Places places = {};
+        for (size_t i = 0; i < planeCount; ++i)
+            if (const PlaneInfo& plane = plan.destination.planes[i]; plane.unitBytes > 0) {
+                places.target.plane[i] = rowOf(area.destination.planes[i], y) + offsetOf(plane, x);
+                places.step[i] = area.destination.planes[i].pitch;
+            }
+        return places;
+    }
+
+    void convertPiece(size_t x, size_t y, size_t pixels, size_t rows, bool streaming) {
+        makePiece(pieceAt(x, y, pixels, rows), destinationAt(x, y), streaming);
+    }
+
+    // Of the pixels that begin at blockAt, which are whole blocks, only some of one row.
+    void convertPart(size_t blockAt, size_t blockPixels, size_t y, size_t x, size_t pixels) {
+        makePiece(pieceAt(blockAt, y, blockPixels, 1), {out.target(), {}}, false);
+        const Places destination = destinationAt(x, y);
+        for (size_t i = 0; i < planeCount; ++i)
+            if (const PlaneInfo& plane = plan.destination.planes[i]; plane.unitBytes > 0)
+                std::memcpy(destination.target.plane[i],
+                            out.target().plane[i] + offsetOf(plane, x - blockAt),
+                            bytesOf(plane, pixels));
+    }
+
+    // The rest of one row, by way of padded copies.
+    void convertEnd(size_t x, size_t y) {
+        Piece piece = pieceAt(x, y, area.width - x, 1);
+        copyEnd(plan.source, piece.from, end.target(), piece.pixels, x > 0);
+        piece.from = end.source();
+        makePiece(piece, {out.target(), {}}, false);
+        const Places destination = destinationAt(x, y);
+        for (size_t i = 0; i < planeCount; ++i)
+            if (const size_t bytes = bytesOf(plan.destination.planes[i], piece.pixels))
+                std::memcpy(destination.target.plane[i], out.target().plane[i], bytes);
+    }
+
+    void makePiece(const Piece& piece, const Places& result, bool streams) {
+        runPasses(piece, result, streams);
         if (plan.toV210 && piece.pixels % 6 != 0)
             clearUnusedPairs(result.target.plane[0] + piece.pixels / 6 * 16, piece.pixels % 6);
     }
@@ -249,15 +317,17 @@ private:
         std::copy_n(to.step, planeCount, piece.fromStep);
     }
 
-    void runPasses(Piece piece, const Places& result, Pass finish) {
+    void runPasses(Piece piece, const Places& result, bool streams) {
         const auto wordBytes = static_cast<std::ptrdiff_t>(2 * piece.pixels);
         const Places samples = {computed.target(), {wordBytes, wordBytes, 0, 0}};
         if (plan.prepare)
             prepare(piece, {prepared.target(), {wordBytes, wordBytes, 0, 0}});
+        piece.streams = streams && !plan.finish;
         if (plan.compute)
-            run(plan.compute, piece, finish ? samples : result);
-        if (finish)
-            run(finish, piece, result);
+            run(plan.compute, piece, plan.finish ? samples : result);
+        piece.streams = streams;
+        if (plan.finish)
+            run(plan.finish, piece, result);
     }
 
     // With the chroma of the pair behind the piece, where the maths wants it. Only V210, of which
@@ -268,7 +338,7 @@ private:
             piece.pixels += 2;
         run(plan.prepare, piece, strip);
         piece.pixels = pixels;
-        if (piece.rowEnd && wholePixels < area.width)
+        if (piece.rowEnd && pixels % kernels.block != 0)
             extendSamples(strip.target, pixels);
     }
 
@@ -301,9 +371,9 @@ private:
     const Kernels& kernels;
     const Area& area;
     const bool streamsCopies;
-    const bool streamsDirectly;  // by the only pass
-    const bool buffers;          // and streams from there
-    size_t wholePixels;          // of a row, that need no copies
+    const bool mayOverlap;   // a piece what another one converts as well
+    const bool streams;      // what passes write
+    const bool overlapsEnd;  // so that the last piece is a whole block
 
     RowStrip end, out;
     SampleStrip prepared, computed;

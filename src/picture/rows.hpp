@@ -23,8 +23,8 @@ struct Area {
     size_t height;
 };
 
-// What is written past the cache: what is only moved, which goes there directly where the rows are
-// aligned, and what is computed, which takes a detour through a buffer.
+// What is written past the cache, where rows reach a cache line with a whole unit: what only moves,
+// and what is computed.
 struct StreamingKinds {
     bool moves, computed;
 };

@@ -152,9 +152,9 @@ template <> struct ByteWriter<Layout::planar8> {
 template <class V> struct WordsPair { Words<V> first, second; };
 
 template <Layout layout> struct Writer {
-    template <class V>
-    ORVA_INLINE static void put(const WordsPair<V>& in, const Target& to, size_t x) {
-        ByteWriter<layout>::put(OrdinaryStores(),
+    template <class Stores, class V>
+    ORVA_INLINE static void put(Stores stores, const WordsPair<V>& in, const Target& to, size_t x) {
+        ByteWriter<layout>::put(stores,
                                 Bytes<V>{packBytes(in.first.luma, in.second.luma),
                                          packBytes(in.first.chroma, in.second.chroma)},
                                 to, x);
@@ -169,36 +169,38 @@ template <int least> struct TenBits {
 };
 
 template <> struct Writer<Layout::semiPlanar10> : TenBits<0> {
-    template <class V>
-    ORVA_INLINE static void put(const WordsPair<V>& in, const Target& to, size_t x) {
-        putWords(in.first, to, x);
-        putWords(in.second, to, x + 8 * V::lanes);
+    template <class Stores, class V>
+    ORVA_INLINE static void put(Stores stores, const WordsPair<V>& in, const Target& to, size_t x) {
+        putWords(stores, in.first, to, x);
+        putWords(stores, in.second, to, x + 8 * V::lanes);
     }
 
 private:
-    template <class V>
-    ORVA_INLINE static void putWords(const Words<V>& in, const Target& to, size_t x) {
-        shiftLeft16<6>(bounded(in.luma)).store(to.plane[0] + 2 * x);
-        shiftLeft16<6>(bounded(in.chroma)).store(to.plane[1] + 2 * x);
+    template <class Stores, class V>
+    ORVA_INLINE static void putWords(Stores stores, const Words<V>& in, const Target& to,
+                                     size_t x) {
+        stores.put(shiftLeft16<6>(bounded(in.luma)), to.plane[0] + 2 * x);
+        stores.put(shiftLeft16<6>(bounded(in.chroma)), to.plane[1] + 2 * x);
     }
 };
 
 template <> struct Writer<Layout::planar10> : TenBits<0> {
-    template <class V>
-    ORVA_INLINE static void put(const WordsPair<V>& in, const Target& to, size_t x) {
-        bounded(in.first.luma).store(to.plane[0] + 2 * x);
-        bounded(in.second.luma).store(to.plane[0] + 2 * x + V::bytes);
+    template <class Stores, class V>
+    ORVA_INLINE static void put(Stores stores, const WordsPair<V>& in, const Target& to, size_t x) {
+        stores.put(bounded(in.first.luma), to.plane[0] + 2 * x);
+        stores.put(bounded(in.second.luma), to.plane[0] + 2 * x + V::bytes);
         const V a = bounded(in.first.chroma), b = bounded(in.second.chroma);
         const V low = V::all32(0xFFFF);
-        groupHalves(packWords(a & low, b & low)).store(to.plane[1] + x);
-        groupHalves(packWords(shiftRight32<16>(a), shiftRight32<16>(b))).store(to.plane[2] + x);
+        stores.put(groupHalves(packWords(a & low, b & low)), to.plane[1] + x);
+        stores.put(groupHalves(packWords(shiftRight32<16>(a), shiftRight32<16>(b))),
+                   to.plane[2] + x);
     }
 };
 
 // A strip of samples, which V210 is packed from.
 template <> struct Writer<Layout::v210> {
-    template <class V>
-    ORVA_INLINE static void put(const WordsPair<V>& in, const Target& to, size_t x) {
+    template <class Stores, class V>
+    ORVA_INLINE static void put(Stores, const WordsPair<V>& in, const Target& to, size_t x) {
         in.first.luma.store(to.plane[0] + 2 * x);
         in.second.luma.store(to.plane[0] + 2 * x + V::bytes);
         in.first.chroma.store(to.plane[1] + 2 * x);

@@ -47,9 +47,10 @@ inline void unpackV210(const Piece& piece, const Constants&) {
 }
 
 inline void packV210(const Piece& piece, const Constants&) {
+    const ChosenStores stores(piece);
     forUnits(
         piece,
-        [](const Source& from, const Target& to, size_t unit) {
+        [&](const Source& from, const Target& to, size_t unit) {
             const auto take = [&](size_t plane) {
                 const uint8_t* const words = from.plane[plane] + wordBytes * unit;
                 const auto bounded = [&](size_t i) {
@@ -59,10 +60,10 @@ inline void packV210(const Piece& piece, const Constants&) {
             };
             const TwelvesInLanes<Wide> luma = take(0), chroma = take(1);
             uint8_t* const units = to.plane[0] + unitBytes * unit;
-            packTenBits<Wide>({luma.a, chroma.a}).store(units);
-            packTenBits<Wide>({luma.b, chroma.b}).store(units + Wide::bytes);
-            packTenBits<Wide>({luma.c, chroma.c}).store(units + 2 * Wide::bytes);
-            packTenBits<Wide>({luma.d, chroma.d}).store(units + 3 * Wide::bytes);
+            stores.put(packTenBits<Wide>({luma.a, chroma.a}), units);
+            stores.put(packTenBits<Wide>({luma.b, chroma.b}), units + Wide::bytes);
+            stores.put(packTenBits<Wide>({luma.c, chroma.c}), units + 2 * Wide::bytes);
+            stores.put(packTenBits<Wide>({luma.d, chroma.d}), units + 3 * Wide::bytes);
         },
         [](const Source& from, const Target& to, size_t unit) {
             const auto take = [&](size_t plane) {

@@ -49,6 +49,8 @@ struct Vec128 {
     ORVA_INLINE void stream(uint8_t* p) const {
         _mm_stream_si128(reinterpret_cast<__m128i*>(p), v);
     }
+    // The same, but wider vectors store at once what must be aligned as they are wide.
+    ORVA_INLINE void streamWhole(uint8_t* p) const { stream(p); }
     ORVA_INLINE void storeLow(uint8_t* p) const { store8(p); }
     ORVA_INLINE void storeHalves(uint8_t* low, uint8_t* high) const {
         store8(low);

@@ -49,6 +49,9 @@ struct Vec256 {
         firstLane().stream(p);
         Vec128{_mm256_extracti128_si256(v, 1)}.stream(p + 16);
     }
+    ORVA_INLINE void streamWhole(uint8_t* p) const {
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(p), v);
+    }
     ORVA_INLINE void storeLow(uint8_t* p) const { firstLane().store(p); }
     ORVA_INLINE void storeHalves(uint8_t* low, uint8_t* high) const {
         firstLane().store(low);

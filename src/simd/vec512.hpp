@@ -48,6 +48,9 @@ struct Vec512 {
         Vec128{_mm512_extracti32x4_epi32(v, 2)}.stream(p + 32);
         Vec128{_mm512_extracti32x4_epi32(v, 3)}.stream(p + 48);
     }
+    ORVA_INLINE void streamWhole(uint8_t* p) const {
+        _mm512_stream_si512(reinterpret_cast<__m512i*>(p), v);
+    }
     ORVA_INLINE void storeLow(uint8_t* p) const {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm512_castsi512_si256(v));
     }
