@@ -44,12 +44,14 @@ void writeForms(std::ostream& out, const std::vector<PairRow>& rows) {
             if (const Competitor* const odd = row.find(table, false, Form::odd)) {
                 const Competitor &aligned = *row.find(table),
                                  &crop = *row.find(table, false, Form::crop);
-                lines += text("| %s | %s | %.3f | %.3f |\n", row.pair.name().c_str(), table.c_str(),
-                              ratio(*odd, aligned), ratio(crop, aligned));
+                lines += text("| %s | %s | %.3f | %.3f | %.3f | %.3f |\n", row.pair.name().c_str(),
+                              table.c_str(), ratio(*odd, aligned), ratio(crop, aligned),
+                              *row.against(*odd, memoryName), *row.against(crop, memoryName));
             }
     if (!lines.empty())
         out << "\nOdd addresses and crops: times of the aligned picture\n\n| conversion | table | "
-            << label(Form::odd) << " | " << label(Form::crop) << " |\n|---|---|--:|--:|\n"
+            << label(Form::odd) << " | " << label(Form::crop) << " | " << label(Form::odd)
+            << " / memcpy | " << label(Form::crop) << " / memcpy |\n|---|---|--:|--:|--:|--:|\n"
             << lines;
 }
 

@@ -7,8 +7,8 @@
 // would follow, converted there, and the bytes that belong to the row are copied out. So no pass
 // knows of an odd width or of a row's last bytes.
 //
-// Past the cache only whole cache lines are written. Where a row does not begin with one, a first
-// piece is written through the cache, and the next one begins at a line within it.
+// Past the cache only whole cache lines are written. Where a long row does not begin with one, a
+// first piece is written through the cache, and the next one begins at a line within it.
 //
 // A piece is some pixels of one row, or of as many rows as are alike.
 #include "picture/rows.hpp"
@@ -116,7 +116,8 @@ public:
         : plan(plan), kernels(kernels), area(area), streamsCopies(streaming.moves),
           // What is converted in place is not converted twice.
           mayOverlap(!isInPlace()),
-          streams((plan.onlyMoves() ? streaming.moves : streaming.computed) && mayOverlap),
+          streams((plan.onlyMoves() ? streaming.moves : streaming.computed) && mayOverlap &&
+                  (area.height == 1 || rowsAreLines())),
           overlapsEnd(mayOverlap && plan.unitPixels < 6 && area.width >= kernels.block &&
                       area.width % plan.unitPixels == 0) {}
 
@@ -150,45 +151,40 @@ private:
     // Whether what a piece holds passes through a strip.
     bool inStrips() const { return (plan.compute && plan.finish) || plan.prepare; }
 
-    // Rows that are alike and have no parts are one piece.
-    size_t rowsAtOnce() const {
-        if (!plan.hasPasses())
-            return area.height;
-        const bool isWhole = wholeFrom(0) == area.width;
-        const bool streamsAlike = !streams || area.height == 1 || firstLinesAreFirst();
-        if (!streamsAlike || !(isWhole || (overlapsEnd && !streams)) ||
-            (plan.toV210 && area.width % 6 != 0))
-            return 1;
-        return inStrips() || !isWhole ? std::max<size_t>(1, stripPixels / area.width) : area.height;
-    }
-
-    // Whether every row begins at a cache line.
-    bool firstLinesAreFirst() const {
+    // Whether rows are whole blocks that begin at cache lines. Where each row has lines that it
+    // shares or fills in parts, writing past the cache costs what it saves.
+    bool rowsAreLines() const {
         for (size_t i = 0; i < planeCount; ++i)
             if (plan.destination.planes[i].unitBytes > 0 &&
                 uintptr_t(area.destination.planes[i].pitch) % line != 0)
                 return false;
-        return firstLineOf(0) == 0;
+        return firstLine() == 0 && wholeFrom(0) == area.width;
     }
 
-    // The least x from which on a row may be written past the cache, if any: where all planes of
-    // the destination are at cache lines.
-    std::optional<size_t> firstLineOf(size_t y) const {
-        if (!streams)
-            return std::nullopt;
+    // The least x at which all planes of the first row of the destination are at cache lines, if
+    // any.
+    std::optional<size_t> firstLine() const {
         for (size_t x = 0; x < line * plan.unitPixels; x += plan.unitPixels) {
             uintptr_t bits = 0;
             for (size_t i = 0; i < planeCount; ++i)
                 if (const PlaneInfo& plane = plan.destination.planes[i]; plane.unitBytes > 0)
-                    bits |= reinterpret_cast<uintptr_t>(rowOf(area.destination.planes[i], y)) +
+                    bits |= reinterpret_cast<uintptr_t>(area.destination.planes[i].first) +
                             offsetOf(plane, x);
             if (bits % line == 0)
                 return x;
-            // No unit's bytes are an odd number but those of RGB24 and single bytes.
-            if (x == 0 && bits % 2 != 0 && plan.unitPixels > 1)
-                return std::nullopt;
         }
         return std::nullopt;
+    }
+
+    // Rows that are whole blocks are one piece; others are taken few at a time, so that what the
+    // next piece needs is still in the cache.
+    size_t rowsAtOnce() const {
+        if (!plan.hasPasses())
+            return area.height;
+        const bool isWhole = wholeFrom(0) == area.width;
+        if (!(isWhole || overlapsEnd) || (plan.toV210 && area.width % 6 != 0))
+            return 1;
+        return inStrips() || !isWhole ? std::max<size_t>(1, stripPixels / area.width) : area.height;
     }
 
     // Where the pieces of a row that begin at x and are whole blocks end. They begin where units
@@ -221,27 +217,26 @@ private:
 
     void convertColour(size_t y, size_t rows) {
         size_t x = 0;
-        const std::optional<size_t> firstLine = firstLineOf(y);
-        const size_t lead = roundUp(firstLine.value_or(0), plan.granularity);
-        const bool streamsRow = firstLine && lead < area.width;
-        if (streamsRow && lead > 0) {
-            convertPart(0, lead, y, 0, *firstLine);
-            x = *firstLine;
+        bool streamsPieces = streams;
+        if (streams && area.height == 1) {
+            const std::optional<size_t> start = firstLine();
+            const size_t lead = roundUp(start.value_or(0), plan.granularity);
+            streamsPieces = start && lead < area.width;
+            if (streamsPieces && lead > 0) {
+                convertPiece(0, y, lead, 1, false);
+                x = *start;
+            }
         }
         const size_t whole = wholeFrom(x);
         while (x < whole) {
             const size_t pixels = inStrips() ? std::min(whole - x, stripPixels) : whole - x;
-            convertPiece(x, y, pixels, rows, streamsRow);
+            convertPiece(x, y, pixels, rows, streamsPieces);
             x += pixels;
         }
-        if (x == area.width)
-            return;
-        if (!overlapsEnd)
-            convertEnd(x, y);
-        else if (streamsRow)
-            convertPart(area.width - kernels.block, kernels.block, y, x, area.width - x);
-        else
+        if (x < area.width && overlapsEnd)
             convertPiece(area.width - kernels.block, y, kernels.block, rows, false);
+        else if (x < area.width)
+            convertEnd(x, y);
     }
 
     // Where the rows of a piece lie.
@@ -276,17 +271,6 @@ private:
 
     void convertPiece(size_t x, size_t y, size_t pixels, size_t rows, bool streaming) {
         makePiece(pieceAt(x, y, pixels, rows), destinationAt(x, y), streaming);
-    }
-
-    // Of the pixels that begin at blockAt, which are whole blocks, only some of one row.
-    void convertPart(size_t blockAt, size_t blockPixels, size_t y, size_t x, size_t pixels) {
-        makePiece(pieceAt(blockAt, y, blockPixels, 1), {out.target(), {}}, false);
-        const Places destination = destinationAt(x, y);
-        for (size_t i = 0; i < planeCount; ++i)
-            if (const PlaneInfo& plane = plan.destination.planes[i]; plane.unitBytes > 0)
-                std::memcpy(destination.target.plane[i],
-                            out.target().plane[i] + offsetOf(plane, x - blockAt),
-                            bytesOf(plane, pixels));
     }
 
     // The rest of one row, by way of padded copies.
