@@ -7,7 +7,7 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${PROJECT_BINARY_DIR}/package)
 set(config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orva)
 
-install(TARGETS orva orva-convert orva-convert-static EXPORT orva-targets
+install(TARGETS orva orva-static orva-convert orva-convert-static EXPORT orva-targets
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT orva-targets NAMESPACE orva:: DESTINATION ${config_dir})
 configure_package_config_file(cmake/orva-config.cmake.in ${package_dir}/orva-config.cmake

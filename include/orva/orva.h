@@ -35,7 +35,11 @@
 #endif
 #else
 #define ORVA_CALL
+#if defined(ORVA_STATIC)
+#define ORVA_API
+#else
 #define ORVA_API __attribute__((visibility("default")))
+#endif
 #endif
 
 #ifdef __cplusplus

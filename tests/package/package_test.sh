@@ -82,7 +82,7 @@ check_linux() {
     local prefix=$PWD/moved
     (cd moved && find . ! -type d -printf '%P\n') >listing
     holds listing "$headers" "$configs" "$documents" "$examples" bin/orva \
-        'lib/([^/]+/)?liborva(-convert)?\.so(\.0|\.0\.1\.0)?' 'lib/([^/]+/)?liborva-convert-static\.a' \
+        'lib/([^/]+/)?liborva(-convert)?\.so(\.0|\.0\.1\.0)?' 'lib/([^/]+/)?liborva(-convert)?\.a' \
         'lib/([^/]+/)?pkgconfig/orva\.pc'
     "$prefix/bin/orva" formats >/dev/null || fail "the installed program"
 
@@ -125,7 +125,7 @@ check_windows() {
     prefix=$(echo "$PWD"/orva-*-windows-x86)
     (cd "$prefix" && find . ! -type d -printf '%P\n') >listing
     holds listing "$headers" "$configs" "$documents" "$examples" bin/orva.exe bin/orva.dll \
-        bin/orva-convert.dll lib/liborva.dll.a lib/liborva-convert.dll.a lib/liborva-convert-static.a lib/pkgconfig/orva.pc
+        bin/orva-convert.dll lib/liborva.dll.a lib/liborva-convert.dll.a lib/liborva{,-convert}.a lib/pkgconfig/orva.pc
 
     local library=("-I$prefix/include" "$prefix/lib/liborva.dll.a")
     build_with_compiler "$prefix/bin/plain.exe" "$prefix/share/doc/orva/examples/host-c/main.c" \
