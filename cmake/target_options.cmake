@@ -6,6 +6,12 @@ else()
   set(ORVA_32BIT FALSE)
 endif()
 
+# Time stamps would make every build another file, and stripping later would bring them back.
+set(ORVA_REPRODUCIBLE_LINK "")
+if(WIN32)
+  set(ORVA_REPRODUCIBLE_LINK LINKER:--no-insert-timestamp $<$<CONFIG:Release>:-s>)
+endif()
+
 # C++20 with warnings on, and SSE arithmetic on 32-bit targets too.
 function(orva_target_options target)
   target_compile_features(${target} PRIVATE cxx_std_20)
