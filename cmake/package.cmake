@@ -1,6 +1,17 @@
-# Installation, and packages made of it: `cmake --install`, and `cpack` for a .deb (Linux) or a .zip
-# (Windows). Hosts find the library with find_package(orva) or pkg-config; both files work out their
-# prefix from where they lie, so an installed tree may be moved.
+# Installation, and packages made of it: `cmake --install`, and `cpack` for .deb files (Linux) or a
+# .zip (Windows). Hosts find the libraries with find_package(orva) or pkg-config; their files work
+# out their prefix from where they lie, so an installed tree may be moved.
+#
+# Components are the packages for Debian: runtime (liborva0), development (liborva-dev) and tools
+# (orva-tools). A further package is a component in debian_packages.cmake and in its install rules.
+
+# Where Debian keeps libraries, so that those of several architectures can be installed at once.
+if(NOT CMAKE_CROSSCOMPILING AND NOT DEFINED CMAKE_INSTALL_LIBDIR AND EXISTS /etc/debian_version)
+  separate_arguments(flags NATIVE_COMMAND "${CMAKE_CXX_FLAGS}")
+  execute_process(COMMAND ${CMAKE_CXX_COMPILER} ${flags} -print-multiarch
+    OUTPUT_VARIABLE multiarch OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  set(CMAKE_INSTALL_LIBDIR lib/${multiarch} CACHE PATH "Object code libraries")
+endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -8,57 +19,68 @@ set(package_dir ${PROJECT_BINARY_DIR}/package)
 set(config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orva)
 
 install(TARGETS orva orva-static orva-convert orva-convert-static EXPORT orva-targets
+  RUNTIME COMPONENT runtime
+  LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+  ARCHIVE COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(EXPORT orva-targets NAMESPACE orva:: DESTINATION ${config_dir})
+install(EXPORT orva-targets NAMESPACE orva:: DESTINATION ${config_dir} COMPONENT development)
 configure_package_config_file(cmake/orva-config.cmake.in ${package_dir}/orva-config.cmake
   INSTALL_DESTINATION ${config_dir})
+# As the SONAME says: nothing that a version 0 can do is lost in a later one.
 write_basic_package_version_file(${package_dir}/orva-config-version.cmake
-  COMPATIBILITY SameMinorVersion)
+  COMPATIBILITY SameMajorVersion)
 install(FILES ${package_dir}/orva-config.cmake ${package_dir}/orva-config-version.cmake
-  DESTINATION ${config_dir})
+  DESTINATION ${config_dir} COMPONENT development)
 
-file(RELATIVE_PATH pkgconfig_to_include
-  ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_FULL_INCLUDEDIR})
-configure_file(cmake/orva.pc.in ${package_dir}/orva.pc @ONLY)
-install(FILES ${package_dir}/orva.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+# orva_install_pkgconfig(<library> <macro> <description>): <macro> is what hosts of the static
+# library define.
+function(orva_install_pkgconfig library macro description)
+  file(RELATIVE_PATH to_include
+    ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+  set(static_libs "")
+  if(WIN32)
+    set(static_libs -fstack-protector-all)
+  endif()
+  configure_file(cmake/library.pc.in ${package_dir}/${library}.pc @ONLY)
+  install(FILES ${package_dir}/${library}.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+endfunction()
+orva_install_pkgconfig(orva ORVA_STATIC
+  "Pixel-format conversions whose bytes never change, for hosts that bind to them")
+orva_install_pkgconfig(orva-convert ORVA_CONVERT_STATIC
+  "Any pixel format of uncompressed video to any other, with every argument checked")
 
-install(DIRECTORY include/orva DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY include/orva DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+install(FILES README.md CHANGELOG.md COPYRIGHT
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+if(WIN32)
+  install(FILES ${ORVA_EXPORT_DEF_exports} ${ORVA_EXPORT_DEF_convert}
+    DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+  if(ORVA_DLLTOOL)
+    install(FILES ${PROJECT_BINARY_DIR}/orva.lib ${PROJECT_BINARY_DIR}/orva-convert.lib
+      DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+  endif()
+endif()
 
 if(TARGET orva-cli)
-  if(NOT WIN32)
-    file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-    set_target_properties(orva-cli PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
-  endif()
-  install(TARGETS orva-cli)
+  install(TARGETS orva-cli COMPONENT tools)
 endif()
 
 set(CPACK_PACKAGE_NAME orva)
 set(CPACK_PACKAGE_VENDOR "The ORVA maintainers")
 set(CPACK_PACKAGE_CONTACT ${CPACK_PACKAGE_VENDOR})
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
-set(CPACK_PACKAGE_DESCRIPTION "Converts between YCbCr 4:2:2, BGR and alpha planes. Holds the shared
- library, its C and C++ headers and the program orva.")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
-set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/package_permissions.cmake)
 set(CPACK_VERBATIM_VARIABLES ON)
 if(WIN32)
   set(CPACK_GENERATOR ZIP)
-  set(CPACK_PACKAGE_FILE_NAME orva-${PROJECT_VERSION}-windows-x86)
-else()
-  set(CPACK_GENERATOR DEB)
-  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-  set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-  set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
-  set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
   if(ORVA_32BIT)
-    # Asked on a 64-bit system, dpkg-shlibdeps names that system's packages of 32-bit libraries.
-    set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE i386)
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6, libgcc-s1, libstdc++6")
+    set(CPACK_SYSTEM_NAME windows-x86)
   else()
-    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+    set(CPACK_SYSTEM_NAME windows-x64)
   endif()
+else()
+  include(cmake/debian_packages.cmake)
 endif()
 include(CPack)

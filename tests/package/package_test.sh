@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Uses the library as others get it: installed and moved elsewhere, or out of the package.
+# Uses the libraries as others get them: out of the packages, or installed and moved elsewhere where
+# packages cannot be made.
 #
 #   package_test.sh linux|windows CMAKE BUILD_DIRECTORY POINTER_SIZE [EMULATOR]
 #
@@ -20,11 +21,14 @@ fail() { echo "FAILED: $*" >&2; exit 1; }
 
 quietly() { "$@" >log 2>&1 || { cat log >&2; fail "$*"; }; }
 
-# make_package GENERATOR: one file in packages/.
-make_package() {
-    quietly "$(dirname "$cmake")/cpack" --config "$build/CPackConfig.cmake" -G "$1" -B "$PWD/packages"
+# make_packages GENERATOR: in packages/, whatever the umask.
+make_packages() {
+    (umask 077
+        quietly "$(dirname "$cmake")/cpack" --config "$build/CPackConfig.cmake" -G "$1" -B "$PWD/packages")
     rm -rf packages/_CPack_Packages
 }
+
+files_in() { (cd "$1" && find . ! -type d -printf '%P\n'); }
 
 # holds LISTING PATTERN...: every pattern is a file in the listing, and no other file is there.
 holds() {
@@ -36,10 +40,13 @@ holds() {
     ! grep -vxE "$(IFS='|'; echo "$*")" "$listing" || fail "files that should not be there"
 }
 
-headers='include/orva/(orva\.h|convert\.h|convert\.hpp)'
-configs='lib/([^/]+/)?cmake/orva/orva-(config|config-version|targets|targets-release)\.cmake'
-documents='share/doc/orva/(README|CHANGELOG)\.md'
-examples='share/doc/orva/examples/host-(c|cpp)/(CMakeLists\.txt|main\.c(pp)?)'
+lib='lib/([^/]+/)?'
+development=(include/orva/{orva.h,convert.h,convert.hpp} "$lib"liborva{,-convert}.a
+    "$lib"cmake/orva/orva-{config,config-version,targets,targets-release}.cmake
+    "$lib"pkgconfig/orva{,-convert}.pc share/doc/orva/{README.md,CHANGELOG.md,COPYRIGHT}
+    'share/doc/orva/docs/[a-z-]+\.(md|png)' 'share/doc/orva/examples/[a-z-]+/[^/]+')
+links=("$lib"liborva{,-convert}.so)
+shared=("$lib"liborva{,-convert}.so.0{,.1.0})
 
 cat >colours <<'END'
 red 255  green 255  blue 255  alpha 255
@@ -54,11 +61,12 @@ END
 
 same_colours() { tr -d '\r' | diff colours - || fail "$1: other colours"; }
 
-# build_example NAME PREFIX CMAKE_OPTION...
-build_example() {
-    cp -r "$2/share/doc/orva/examples/$1" "$1.source"
-    quietly "$cmake" -S "$1.source" -B "$1" "${@:3}"
-    quietly "$cmake" --build "$1"
+# build_host FOLDER CMAKE_OPTION...: in a folder of the same name here.
+build_host() {
+    local name
+    name=$(basename "$1")
+    quietly "$cmake" -S "$1" -B "$name" "${@:2}"
+    quietly "$cmake" --build "$name"
 }
 
 # The middles of the bars in host-cpp's picture.
@@ -70,72 +78,150 @@ picture_colours() {
     done | awk '{ printf "red %3d  green %3d  blue %3d  alpha 255\n", $1, $2, $3 }'
 }
 
-# build_with_compiler OUTPUT SOURCE FLAG...
-build_with_compiler() {
+# build_c OUTPUT SOURCE FLAG..., and the same in C++ with a compiler.
+build_c() {
     # shellcheck disable=SC2086  # flags are several words
     quietly "$CC" -std=c99 -O1 -Wall -Wextra -Werror ${CFLAGS:-} "$2" -o "$1" "${@:3}"
+}
+build_cpp() {
+    # shellcheck disable=SC2086
+    quietly "$1" -std=c++20 -O1 -Wall -Wextra -Werror ${CXXFLAGS:-} "$3" -o "$2" "${@:4}"
+}
+
+# All into one folder, as dpkg does it.
+unpack_debian_packages() {
+    make_packages DEB
+    local package
+    mkdir unpacked
+    for package in packages/*.deb; do
+        ! dpkg-deb -c "$package" | grep '^d' | grep -v '^drwxr-xr-x' || fail "$package: closed folders"
+        dpkg-deb -f "$package" >"$(basename "$package" | cut -d_ -f1).control"
+        mkdir one
+        dpkg-deb -x "$package" one
+        files_in one/usr >"$(basename "$package" | cut -d_ -f1).files"
+        cp -a one/. unpacked
+        rm -rf one
+    done
+    holds liborva0.files "${shared[@]}" 'share/doc/liborva0/copyright'
+    holds liborva-dev.files "${links[@]}" "${development[@]}" 'share/doc/liborva-dev/copyright'
+    holds orva-tools.files bin/orva 'share/doc/orva-tools/copyright'
+    grep -qx 'Depends: libc6 (>= [0-9.]*)' liborva0.control || fail "what liborva0 needs"
+    grep -q 'Depends: .*libstdc++6 (>= ' orva-tools.control || fail "what orva-tools needs"
+    # Else those of another architecture could not be installed beside them.
+    grep -qx 'Multi-Arch: same' liborva0.control || fail "liborva0 is for one architecture"
+    grep -q '^lib/[^/]*-linux-gnu/' liborva0.files || fail "liborva0 is not in its architecture's folder"
 }
 
 check_linux() {
     quietly "$cmake" --install "$build" --prefix "$PWD/installed"
-    mv installed moved
-    local prefix=$PWD/moved
-    (cd moved && find . ! -type d -printf '%P\n') >listing
-    holds listing "$headers" "$configs" "$documents" "$examples" bin/orva \
-        'lib/([^/]+/)?liborva(-convert)?\.so(\.0|\.0\.1\.0)?' 'lib/([^/]+/)?liborva(-convert)?\.a' \
-        'lib/([^/]+/)?pkgconfig/orva\.pc'
+    files_in installed >installed.files
+    holds installed.files "${shared[@]}" "${links[@]}" "${development[@]}" bin/orva
+    local prefix
+    if command -v dpkg-shlibdeps >/dev/null; then
+        unpack_debian_packages
+        prefix=$PWD/unpacked/usr
+    else
+        echo "No dpkg here: the .deb files are not tested."
+        prefix=$PWD/moved
+        mv installed "$prefix"
+    fi
     "$prefix/bin/orva" formats >/dev/null || fail "the installed program"
 
-    build_example host-c "$prefix" -DCMAKE_PREFIX_PATH="$prefix"
+    local examples=$prefix/share/doc/orva/examples where=(-DCMAKE_PREFIX_PATH="$prefix")
+    if [ "$pointer_size" = 4 ]; then
+        # A 64-bit system's compiler does not know where 32-bit packages are.
+        where+=(-DCMAKE_LIBRARY_ARCHITECTURE=i386-linux-gnu)
+    fi
+    build_host "$examples/host-c" "${where[@]}"
     ./host-c/host-c | same_colours host-c
-    build_example host-cpp "$prefix" -DCMAKE_PREFIX_PATH="$prefix"
+    build_host "$examples/host-cpp" "${where[@]}"
     ./host-cpp/host-cpp bars.ppm
     picture_colours | same_colours host-cpp
+    build_host "$here/checked-host" "${where[@]}"
+    local kind
+    for kind in convert convert-static; do
+        ./checked-host/host-$kind | same_colours "the checked host with orva::$kind"
+    done
 
+    local exports checked static
     PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name orva.pc)")
-    export PKG_CONFIG_PATH
-    local flags library_path
-    library_path=$(pkg-config --variable=libdir orva)
-    read -ra flags <<<"$(pkg-config --cflags --libs orva)"
-    build_with_compiler plain host-c.source/main.c "${flags[@]}"
-    LD_LIBRARY_PATH=$library_path ./plain | same_colours "host-c by pkg-config"
+    LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name liborva.so.0)")
+    export PKG_CONFIG_PATH LD_LIBRARY_PATH
+    read -ra exports <<<"$(pkg-config --cflags --libs orva)"
+    read -ra checked <<<"$(pkg-config --cflags --libs orva-convert)"
+    read -ra static <<<"$(pkg-config --static --cflags --libs orva-convert)"
+
+    build_c plain "$examples/host-c/main.c" "${exports[@]}"
+    ./plain | same_colours "host-c by pkg-config"
+    build_c checked "$here/checked-host/main.c" "${checked[@]}"
+    ./checked | same_colours "the checked host by pkg-config"
+    build_c static "$here/checked-host/main.c" -static "${static[@]}"
+    ./static | same_colours "the static host by pkg-config"
     if [ "$pointer_size" = 4 ]; then
-        build_with_compiler misaligned "$here/misaligned_host.c" -I"$build/generated/include" "${flags[@]}"
-        LD_LIBRARY_PATH=$library_path ./misaligned || fail "misaligned stack"
+        build_c misaligned "$here/misaligned_host.c" -I"$build/generated/include" "${exports[@]}"
+        ./misaligned || fail "misaligned stack"
+    elif command -v python3 >/dev/null; then
+        python3 "$here/checked-host/main.py" liborva-convert.so.0 | same_colours "the host in Python"
     fi
 
-    if ! command -v dpkg-shlibdeps >/dev/null; then
-        echo "No dpkg here: the .deb is not tested."
-        return
-    fi
-    make_package DEB
-    local package
-    package=$(echo packages/*)
-    dpkg-deb -c "$package" | awk '$1 !~ /^d/ { print $6 }' | sed 's|^\./usr/||' >packed
-    diff <(sort listing) <(sort packed) || fail "$package does not hold what is installed"
-    dpkg-deb -f "$package" Depends | grep -E '\blibc6\b' >/dev/null || fail "$package: dependencies"
-    dpkg-deb -x "$package" unpacked
-    unpacked/usr/bin/orva formats >/dev/null || fail "the packaged program"
+    # Compilers other than the library's own use the same binary.
+    local compiler
+    awk '/^```cpp$/ { code = 1; next } /^```$/ && code { exit } code' \
+        "$prefix/share/doc/orva/README.md" >readme.cpp
+    for compiler in g++ clang++; do
+        command -v "$compiler" >/dev/null || continue
+        build_cpp "$compiler" readme readme.cpp "${checked[@]}"
+        ./readme || fail "the README's program, made by $compiler"
+        build_cpp "$compiler" bars "$examples/host-cpp/main.cpp" "${checked[@]}"
+        ./bars bars.ppm
+        picture_colours | same_colours "host-cpp, made by $compiler"
+    done
+
+    # Whole, so that no object is left out.
+    local archive=$LD_LIBRARY_PATH name
+    build_c plugin.so "$here/plugin.c" -shared -fPIC -fvisibility=hidden -I"$prefix/include" \
+        "$archive/liborva.a" "$archive/liborva-convert.a"
+    for name in orva orva-convert; do
+        build_c "$name.so" "$here/plugin.c" -shared -fPIC -fvisibility=hidden -I"$prefix/include" \
+            -Wl,--whole-archive "$archive/lib$name.a" -Wl,--no-whole-archive
+    done
+    for name in plugin orva orva-convert; do
+        [ "$(nm -D --defined-only "$name.so" | awk '{ print $NF }')" = plugin ] ||
+            fail "$name.so shows what is linked into it"
+    done
 }
 
 check_windows() {
-    make_package ZIP
+    make_packages ZIP
     "$cmake" -E tar xf packages/*.zip
-    local prefix
-    prefix=$(echo "$PWD"/orva-*-windows-x86)
-    (cd "$prefix" && find . ! -type d -printf '%P\n') >listing
-    holds listing "$headers" "$configs" "$documents" "$examples" bin/orva.exe bin/orva.dll \
-        bin/orva-convert.dll lib/liborva.dll.a lib/liborva-convert.dll.a lib/liborva{,-convert}.a lib/pkgconfig/orva.pc
+    local prefix processor=x64
+    [ "$pointer_size" = 8 ] || processor=x86
+    prefix=$(echo "$PWD"/orva-*-windows-$processor)
+    files_in "$prefix" >listing
+    holds listing "${development[@]}" bin/orva.exe bin/orva{,-convert}.dll \
+        lib/orva{,-convert}.{lib,def} lib/liborva{,-convert}.dll.a
 
-    local library=("-I$prefix/include" "$prefix/lib/liborva.dll.a")
-    build_with_compiler "$prefix/bin/plain.exe" "$prefix/share/doc/orva/examples/host-c/main.c" \
-        "${library[@]}"
-    "$emulator" "$prefix/bin/plain.exe" | same_colours "host-c"
-    build_with_compiler "$prefix/bin/misaligned.exe" "$here/misaligned_host.c" \
-        -I"$build/generated/include" "${library[@]}"
-    "$emulator" "$prefix/bin/misaligned.exe" || fail "misaligned stack"
+    # host NAME SOURCE FLAG...: beside the DLLs, where Windows looks for them.
+    host() {
+        build_c "$prefix/bin/$1.exe" "$2" -I"$prefix/include" "${@:3}"
+        "$emulator" "$prefix/bin/$1.exe"
+    }
+    local examples=$prefix/share/doc/orva/examples linked
+    for linked in orva.lib liborva.dll.a; do
+        host plain "$examples/host-c/main.c" "$prefix/lib/$linked" | same_colours "host-c with $linked"
+    done
+    for linked in orva-convert.lib liborva-convert.dll.a; do
+        host checked "$here/checked-host/main.c" "$prefix/lib/$linked" |
+            same_colours "the checked host with $linked"
+    done
+    host static "$here/checked-host/main.c" -DORVA_CONVERT_STATIC "$prefix/lib/liborva-convert.a" \
+        -static -fstack-protector-all | same_colours "the static host"
+    if [ "$pointer_size" = 4 ]; then
+        host misaligned "$here/misaligned_host.c" -I"$build/generated/include" \
+            "$prefix/lib/liborva.dll.a" || fail "misaligned stack"
+    fi
 
-    build_example host-cpp "$prefix" -Dorva_DIR="$prefix/lib/cmake/orva" \
+    build_host "$examples/host-cpp" -Dorva_DIR="$prefix/lib/cmake/orva" \
         -DCMAKE_EXE_LINKER_FLAGS=-static
     cp host-cpp/host-cpp.exe "$prefix/bin"
     "$emulator" "$prefix/bin/host-cpp.exe" bars.ppm
