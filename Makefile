@@ -1,13 +1,15 @@
 # What can be done here; the work is in scripts/.
-.PHONY: help demo test test-windows bench bench-targets bench-convert format clean
+.PHONY: help demo test test-windows python bench bench-targets bench-convert bench-python format clean
 
 help:
 	@echo "make demo          build, convert a clip of test frames, show frames per second"
 	@echo "make test          build and test the 64-bit and 32-bit Linux libraries"
 	@echo "make test-windows  build the 32-bit Windows library and test it under Wine"
+	@echo "make python        build the Python package, a wheel in build/python"
 	@echo "make bench         compare the speed with memory's and with other libraries', takes minutes"
 	@echo "make bench-targets the same, judged, and the 32-bit build's"
 	@echo "make bench-convert the checked library instead: every pair of formats, judged"
+	@echo "make bench-python  the Python package, beside another one"
 	@echo "make format        format all sources"
 	@echo "make clean         remove build/"
 
@@ -23,6 +25,10 @@ test-windows:
 	@scripts/install-deps windows
 	@scripts/run-tests windows-x86
 
+python:
+	@scripts/install-deps python
+	@scripts/python
+
 bench:
 	@scripts/install-deps bench
 	@scripts/bench
@@ -34,6 +40,10 @@ bench-targets:
 bench-convert:
 	@scripts/install-deps bench
 	@scripts/bench --convert
+
+bench-python:
+	@scripts/install-deps bench-python
+	@scripts/python --bench
 
 format:
 	@scripts/install-deps format
