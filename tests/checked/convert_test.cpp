@@ -279,8 +279,9 @@ const Refusal refusals[] = {
      "source.alpha.pitch"},
     {"below the row", planar, [](Call& c) { c.from.cr.pitch = 15; }, pitchBelowRow,
      "source.cr.pitch"},
-    {"row beyond 32 bits", packed, [](Call& c) { resize(c, UINT32_MAX, height); }, pitchBelowRow,
-     "source.main.pitch"},
+    {"row beyond 32 bits", packed, [](Call& c) { resize(c, UINT32_MAX, height); },
+     sizeof(void*) == 4 ? badSize : pitchBelowRow,
+     sizeof(void*) == 4 ? "source.width" : "source.main.pitch"},
 
     {"a byte short", packed, [](Call& c) { shorten(c.from.main, 3 * 64 + 63); }, shortPlane,
      "source.main.size"},
