@@ -78,6 +78,18 @@ picture_colours() {
     done | awk '{ printf "red %3d  green %3d  blue %3d  alpha 255\n", $1, $2, $3 }'
 }
 
+# The programs that capture-ring and crop-c were made into, as commands. Their sums were worked out
+# another way.
+check_ring() {
+    "$@" 25 | tr -d '\r' | grep -x 'checksum 2332c27f09d3eca5' >/dev/null || fail "capture-ring: other frames"
+}
+check_crop() {
+    "$@" crop.ppm
+    [ "$(cksum <crop.ppm)" = "13677668 1555215" ] || fail "crop-c: another picture"
+    ! "$@" other.ppm 81 2>said || fail "crop-c takes an odd part of 4:2:2"
+    grep -q '^crop-c: x is 81: begin at an even pixel' said || fail "crop-c said: $(cat said)"
+}
+
 # build_c OUTPUT SOURCE FLAG..., and the same in C++ with a compiler.
 build_c() {
     # shellcheck disable=SC2086  # flags are several words
@@ -137,6 +149,10 @@ check_linux() {
     build_host "$examples/host-cpp" "${where[@]}"
     ./host-cpp/host-cpp bars.ppm
     picture_colours | same_colours host-cpp
+    build_host "$examples/capture-ring" "${where[@]}"
+    check_ring ./capture-ring/capture-ring
+    build_host "$examples/crop-c" "${where[@]}"
+    check_crop ./crop-c/crop-c
     build_host "$here/checked-host" "${where[@]}"
     local kind
     for kind in convert convert-static; do
@@ -221,11 +237,15 @@ check_windows() {
             "$prefix/lib/liborva.dll.a" || fail "misaligned stack"
     fi
 
-    build_host "$examples/host-cpp" -Dorva_DIR="$prefix/lib/cmake/orva" \
-        -DCMAKE_EXE_LINKER_FLAGS=-static
-    cp host-cpp/host-cpp.exe "$prefix/bin"
+    local name
+    for name in host-cpp capture-ring crop-c; do
+        build_host "$examples/$name" -Dorva_DIR="$prefix/lib/cmake/orva" -DCMAKE_EXE_LINKER_FLAGS=-static
+        cp "$name/$name.exe" "$prefix/bin"
+    done
     "$emulator" "$prefix/bin/host-cpp.exe" bars.ppm
     picture_colours | same_colours host-cpp
+    check_ring "$emulator" "$prefix/bin/capture-ring.exe"
+    check_crop "$emulator" "$prefix/bin/crop-c.exe"
     "$emulator" "$prefix/bin/orva.exe" formats >/dev/null || fail "the packaged program"
 }
 
