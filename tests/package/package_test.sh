@@ -78,6 +78,9 @@ picture_colours() {
     done | awk '{ printf "red %3d  green %3d  blue %3d  alpha 255\n", $1, $2, $3 }'
 }
 
+# code LANGUAGE DOCUMENT: all that the document shows in the language.
+code() { awk -v begin="^\`\`\`$1\$" '$0 ~ begin { code = 1; next } /^```$/ { code = 0 } code' "$2"; }
+
 # The programs that capture-ring and crop-c were made into, as commands. Their sums were worked out
 # another way.
 check_ring() {
@@ -178,12 +181,21 @@ check_linux() {
         ./misaligned || fail "misaligned stack"
     elif command -v python3 >/dev/null; then
         python3 "$here/checked-host/main.py" liborva-convert.so.0 | same_colours "the host in Python"
+        code python "$prefix/share/doc/orva/docs/getting-started.md" | python3 - >white
+        [ "$(cat white)" = "255 255 255 255" ] || fail "the documented host in Python"
     fi
+
+    code c "$prefix/share/doc/orva/README.md" >readme.c
+    build_c readme.o readme.c -c -I"$prefix/include"
+    code c "$prefix/share/doc/orva/docs/getting-started.md" >getting-started.c
+    build_c documented "$here/documented.c" -I. "${checked[@]}" "${exports[@]}"
+    ./documented 2>/dev/null || fail "what is documented in C"
+    code cpp "$prefix/share/doc/orva/docs/getting-started.md" >getting-started.cpp
+    build_cpp "$CXX" getting-started.o getting-started.cpp -c -I"$prefix/include"
 
     # Compilers other than the library's own use the same binary.
     local compiler
-    awk '/^```cpp$/ { code = 1; next } /^```$/ && code { exit } code' \
-        "$prefix/share/doc/orva/README.md" >readme.cpp
+    code cpp "$prefix/share/doc/orva/README.md" >readme.cpp
     for compiler in g++ clang++; do
         command -v "$compiler" >/dev/null || continue
         build_cpp "$compiler" readme readme.cpp "${checked[@]}"
