@@ -32,7 +32,8 @@ static const uint8_t bars[8][4] = {{128, 235, 128, 235}, {16, 219, 138, 219}, {1
 
 /* Each function returns ORVA_DONE, which is 0, or has touched nothing and says in `error` why. */
 static int compose(uint8_t* cameraBytes, uint8_t* screenBytes, uint32_t x, OrvaError* error) {
-    OrvaImage part, place, screen, file;
+    OrvaImage part = ORVA_IMAGE_INIT, place = ORVA_IMAGE_INIT;
+    OrvaImage screen = ORVA_IMAGE_INIT, file = ORVA_IMAGE_INIT;
     OrvaOptions options = ORVA_OPTIONS_INIT;
     options.srcMatrix = ORVA_MATRIX_BT709;
 

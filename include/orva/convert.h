@@ -1,6 +1,6 @@
 /* ORVA's checked library: any pixel format to any other, for every language that can call C.
  *
- *     OrvaImage camera, screen;
+ *     OrvaImage camera = ORVA_IMAGE_INIT, screen = ORVA_IMAGE_INIT;
  *     orva_frame_image(&camera, ORVA_FORMAT_UYVY16I, 1920, 1080, bytes, size, NULL);
  *     orva_frame_image(&screen, ORVA_FORMAT_BGR32I, 1920, 1080, pixels, pixelsSize, NULL);
  *     OrvaError error = ORVA_ERROR_INIT;
@@ -164,7 +164,7 @@ enum {
     ORVA_SHORT_PLANE = 7,        /* a plane is shorter than its rows */
     ORVA_OVERLAP = 8,   /* two planes share bytes, gaps between rows included; one is written */
     ORVA_BAD_ROWS = 9,  /* rows outside the image */
-    ORVA_BAD_SIZE = 10, /* rows longer than an address space of this word size */
+    ORVA_BAD_SIZE = 10, /* a row, or a plane, longer than half of the address space */
     ORVA_BAD_CROP = 11, /* a crop outside the image, or not on whole units */
     ORVA_NULL_ARGUMENT = 12,
     ORVA_BAD_STRUCT_SIZE = 13 /* a structSize that this version does not know */
@@ -174,7 +174,8 @@ enum {
 typedef struct OrvaError {
     uint32_t structSize;
     int32_t code;
-    int64_t value;      /* what the argument held */
+    int64_t value;      /* what the argument held; of an overlap, how far behind the other plane it
+                           begins */
     const char* field;  /* the argument, for example "destination.main.pitch" */
     const char* advice; /* a sentence: what to change */
 } OrvaError;
@@ -218,11 +219,15 @@ typedef struct OrvaImage {
     OrvaPlane cr;
     OrvaPlane alpha;
 } OrvaImage;
+#define ORVA_IMAGE_INIT                                                                            \
+    {                                                                                              \
+        (uint32_t)sizeof(OrvaImage), 0, 0, 0, {0, 0, 0}, {0, 0, 0}, {0, 0, 0}, { 0, 0, 0 }         \
+    }
 
-/* Makes `image` an image over a raw frame (see orva_frame_pitch) at `data` of at least
- * orva_frame_bytes bytes, whose memory is not touched. Sets all of `image`, its structSize too,
- * which needs no value before; nothing if the call is refused: a null image or data, a value that
- * is no format, A8C, or a size too short. `error` may be null. */
+/* Makes `image`, whose structSize must be set, an image over a raw frame (see orva_frame_pitch) at
+ * `data` of at least orva_frame_bytes bytes, whose memory is not touched. Sets all other fields, or
+ * none if the call is refused: a null image, null data of a frame that has bytes, a value that is
+ * no format, A8C, or a size too short. `error` may be null. */
 ORVA_CONVERT_API int32_t ORVA_CONVERT_CALL orva_frame_image(OrvaImage* image, OrvaFormat format,
                                                             uint32_t width, uint32_t height,
                                                             void* data, size_t size,

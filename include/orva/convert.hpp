@@ -23,7 +23,7 @@
 #include <cstdint>
 #include <cstring>
 #include <initializer_list>
-#include <limits>
+#include <iosfwd>
 #include <new>
 #include <optional>
 #include <span>
@@ -163,7 +163,7 @@ enum class ErrorCode : std::int32_t {
     shortPlane = ORVA_SHORT_PLANE,               // a plane is shorter than its rows
     overlap = ORVA_OVERLAP,   // two planes share bytes, gaps between rows included, one is written
     badRows = ORVA_BAD_ROWS,  // rows outside the image
-    badSize = ORVA_BAD_SIZE,  // rows longer than an address space of this word size
+    badSize = ORVA_BAD_SIZE,  // a row, or a plane, longer than half of the address space
     badCrop = ORVA_BAD_CROP,  // a crop outside the image, or not on whole units
     nullArgument = ORVA_NULL_ARGUMENT,
     badStructSize = ORVA_BAD_STRUCT_SIZE,  // this header is newer than the library
@@ -271,7 +271,7 @@ template <class Byte> struct BasicImageView {
     static std::optional<BasicImageView> overFrame(Format format, std::uint32_t width,
                                                    std::uint32_t height,
                                                    std::span<Byte> frame) noexcept {
-        OrvaImage image;
+        OrvaImage image = ORVA_IMAGE_INIT;
         if (orva_frame_image(&image, static_cast<OrvaFormat>(format), width, height,
                              const_cast<std::byte*>(frame.data()), frame.size(), nullptr)) {
             return std::nullopt;
@@ -294,11 +294,14 @@ template <class Byte> struct BasicImageView {
     // height and the plane one that is there.
     std::span<Byte> row(std::uint32_t y, PlaneIndex plane = mainPlane) const noexcept {
         const auto& [bytes, pitch] = planeOf(*this, plane);
+        const auto length = static_cast<std::size_t>(rowBytes(format, plane, width));
+        if (length == 0) {
+            return {};
+        }
         const std::size_t above = pitch < 0 ? height - 1 - y : y;
         const std::size_t distance =
             pitch < 0 ? 0 - static_cast<std::size_t>(pitch) : static_cast<std::size_t>(pitch);
-        return bytes.subspan(above * distance,
-                             static_cast<std::size_t>(rowBytes(format, plane, width)));
+        return bytes.subspan(above * distance, length);
     }
 
     // The same for the C interface, and from there.
@@ -508,10 +511,15 @@ inline Result convert(const ConstImageView& source, const ImageView& destination
     const OrvaImage from = source.c(), to = destination.c();
     const OrvaOptions choices = options.c();
     OrvaError error = ORVA_ERROR_INIT;
-    if (orva_convert_rows(&from, &to, &choices, rows.first, rows.count, &error) == ORVA_DONE) {
+    const auto code =
+        ErrorCode{orva_convert_rows(&from, &to, &choices, rows.first, rows.count, &error)};
+    if (code == ErrorCode::none) {
         return {};
     }
-    return {ErrorCode{error.code}, error.field, error.value, error.advice};
+    if (error.code == ORVA_DONE) {  // the library does not know this header's OrvaError
+        return {code, "error.structSize", sizeof error, "use a library as new as the header"};
+    }
+    return {code, error.field, error.value, error.advice};
 }
 
 // A pair of formats that convert() knows.
@@ -542,8 +550,9 @@ inline std::vector<Conversion> conversions() {
 
 // ---- Text ---------------------------------------------------------------------------------------
 
-// "UYVY16I", or "Format(99)" for a value that is no format.
-template <class Stream> auto operator<<(Stream& out, Format format) -> decltype(out << "") {
+// "UYVY16I", or "Format(99)" for a value that is no format. Of streams of char.
+template <class Traits>
+std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& out, Format format) {
     if (isFormat(format)) {
         return out << formatInfo(format).name;
     }
@@ -551,8 +560,13 @@ template <class Stream> auto operator<<(Stream& out, Format format) -> decltype(
 }
 
 // What Result::describe() says.
-template <class Stream> auto operator<<(Stream& out, const Result& result) -> decltype(out << "") {
-    return out << result.describe();
+template <class Traits>
+std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& out,
+                                             const Result& result) {
+    if (result) {
+        return out << "done";
+    }
+    return out << result.field << " is " << result.value << ": " << result.advice;
 }
 
 }  // namespace orva

@@ -125,9 +125,10 @@ def _code(argument: str, value: object, codes: dict[str, int]) -> int:
 def _sides(
     argument: str, both: object, src: object, dst: object, codes: dict[str, int]
 ) -> tuple[int, int]:
+    common = _code(argument, both, codes)
     return (
-        _code(argument, both, codes) if src is None else _code("src_" + argument, src, codes),
-        _code(argument, both, codes) if dst is None else _code("dst_" + argument, dst, codes),
+        common if src is None else _code("src_" + argument, src, codes),
+        common if dst is None else _code("dst_" + argument, dst, codes),
     )
 
 

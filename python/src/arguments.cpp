@@ -15,8 +15,11 @@ bool readNumber(const char* argument, PyObject* object, std::uint32_t most, std:
     }
     int overflow = 0;
     const long long value = PyLong_AsLongLongAndOverflow(index.get(), &overflow);
-    if (overflow != 0 || value < 0 || value > most) {
-        return refuse("%s is %S: give a number from 0 to %u", argument, index.get(), most);
+    if (overflow != 0) {  // perhaps of more digits than Python writes
+        return refuse("%s is out of range: give a number from 0 to %u", argument, most);
+    }
+    if (value < 0 || value > most) {
+        return refuse("%s is %lld: give a number from 0 to %u", argument, value, most);
     }
     number = static_cast<std::uint32_t>(value);
     return true;

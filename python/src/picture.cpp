@@ -138,7 +138,8 @@ bool Picture::checkArray(const HeldPlane& plane) const {
         return refuse("%s must have the shape (height, %s) for %s", plane.argument, columns,
                       format.name);
     }
-    if (view.len == 0) {
+    // Some exporters leave the strides out where there are no gaps at all.
+    if (view.len == 0 || !view.strides) {
         return true;
     }
     // Along axes of length 1 nothing moves, so that their strides mean nothing.
@@ -174,6 +175,7 @@ bool Picture::inferSize(std::optional<std::uint32_t>& width,
 }
 
 bool Picture::toImage(std::uint32_t width, std::uint32_t height, OrvaImage& image) const {
+    image = {sizeof image, format.format, width, height, {}, {}, {}, {}};
     if (raw) {
         const Py_buffer& view = planes[0].view;
         Py_ssize_t bytes = 0;
@@ -189,7 +191,6 @@ bool Picture::toImage(std::uint32_t width, std::uint32_t height, OrvaImage& imag
                                 static_cast<std::size_t>(view.len), &error) == ORVA_DONE ||
                refuse("%s: %s", argument, error.advice);
     }
-    image = {sizeof image, format.format, width, height, {}, {}, {}, {}};
     for (int i = 0; i < planeCount; ++i) {
         if (!toPlane(planes[i], width, height, planeOf(image, planes[i].index))) {
             return false;
@@ -217,7 +218,9 @@ bool Picture::toPlane(const HeldPlane& held, std::uint32_t width, std::uint32_t 
     if (width == 0 || height == 0) {
         return true;
     }
-    const Py_ssize_t stride = height > 1 ? view.strides[0] : row;
+    const Py_ssize_t stride = height == 1    ? row
+                              : view.strides ? view.strides[0]
+                                             : view.len / view.shape[0];
     if (stride > -row && stride < row) {
         return refuse("%s has rows that overlap: strides[0] is %zd, a row %zd bytes", held.argument,
                       stride, row);

@@ -82,6 +82,18 @@ def test_raw_frames_in_any_memory(memory):
         assert out[:] == raw(expected)
 
 
+def test_arrays_that_give_no_strides():
+    pixels = RANDOM.integers(0, 255, (4, 8, 3), np.uint8)
+    array = (ctypes.c_ubyte * 3 * 8 * 4).from_buffer_copy(pixels.tobytes())
+    expected = orva.convert(pixels, "BGR24I", "BGR32I")
+    assert (orva.convert(array, "BGR24I", "BGR32I") == expected).all()
+    out = (ctypes.c_ubyte * 4 * 8 * 4)()
+    orva.convert(pixels, "BGR24I", "BGR32I", out=out)
+    assert bytes(out) == raw(expected)
+    alpha = (ctypes.c_ubyte * 8 * 4).from_buffer_copy(pixels[:, :, 0].tobytes())
+    assert (orva.convert(alpha, "A8P", "A8P") == pixels[:, :, 0]).all()
+
+
 def test_v210_as_bytes_or_words_with_or_without_gap():
     words = filled("V210", 50, 3)
     expected = orva.convert(words, "V210", "UYVY16I", width=50)

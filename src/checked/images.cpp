@@ -9,11 +9,15 @@ int32_t orva_frame_image(OrvaImage* image, OrvaFormat format, uint32_t width, ui
                          void* data, size_t size, OrvaError* error) {
     const std::uint64_t needed = orva_frame_bytes(format, width, height);
     const auto refusal = [&]() -> Refusal {
+        if (const Refusal badError = checkError(error)) {
+            return badError;
+        }
         if (!image) {
             return {ORVA_NULL_ARGUMENT, "image", 0, "give an image to set"};
         }
-        if (const Refusal badError = checkError(error)) {
-            return badError;
+        if (image->structSize != sizeof *image) {
+            return {ORVA_BAD_STRUCT_SIZE, "image.structSize", image->structSize,
+                    "set it to sizeof(OrvaImage) of this version's header"};
         }
         if (format >= picture::formatCount) {
             return {ORVA_BAD_FORMAT, "format", format,
@@ -22,10 +26,10 @@ int32_t orva_frame_image(OrvaImage* image, OrvaFormat format, uint32_t width, ui
         if (format == ORVA_FORMAT_A8C) {
             return {ORVA_BAD_FORMAT, "format", format, "it has no planes, so no frame holds it"};
         }
-        if (!data) {
+        if (!data && needed > 0) {
             return {ORVA_NULL_ARGUMENT, "data", 0, "give the frame's memory"};
         }
-        if (size < needed) {
+        if (size < needed || needed == UINT64_MAX) {
             return {ORVA_SHORT_PLANE, "size", static_cast<int64_t>(size),
                     "give as many bytes as orva_frame_bytes says"};
         }

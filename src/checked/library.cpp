@@ -18,7 +18,11 @@ public:
         }
     }
 
-    void add(const char* piece) { add(piece, std::strlen(piece)); }
+    void add(const char* piece) {
+        if (piece) {
+            add(piece, std::strlen(piece));
+        }
+    }
 
     void add(int64_t value) {
         std::array<char, 20> digits;

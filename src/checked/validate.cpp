@@ -130,7 +130,7 @@ Refusal checkPlane(const OrvaPlane& plane, std::uint64_t row, std::uint32_t heig
     }
     if (bytes > mostBytes) {
         return {ORVA_BAD_SIZE, fields.size, static_cast<std::int64_t>(size),
-                "convert fewer rows at once: they span more than half of the address space"};
+                "give an image of fewer rows: these span more than half of the address space"};
     }
     end = static_cast<const std::byte*>(plane.data) + bytes;
     return {};
@@ -174,8 +174,8 @@ bool inPlace(const Extent& a, const Extent& b, std::uint32_t height) {
 
 Refusal refuseOverlap(const Extent& written, const Extent& other) {
     return {ORVA_OVERLAP, destinationFields.planes[written.plane].data,
-            static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(written.begin) -
-                                      reinterpret_cast<std::uintptr_t>(other.begin)),
+            static_cast<std::intptr_t>(reinterpret_cast<std::uintptr_t>(written.begin) -
+                                       reinterpret_cast<std::uintptr_t>(other.begin)),
             "it begins that many bytes behind a plane that it overlaps, row gaps included: give it "
             "memory of its own, or the very rows of the source's plane if both have the same "
             "units"};

@@ -12,7 +12,7 @@ namespace {
 struct Frames {
     std::array<std::uint8_t, 16> uyvy{128, 235, 128, 16};
     std::array<std::uint8_t, 32> bgr{};
-    OrvaImage source, destination;
+    OrvaImage source = ORVA_IMAGE_INIT, destination = ORVA_IMAGE_INIT;
 
     Frames() {
         EXPECT_EQ(orva_frame_image(&source, ORVA_FORMAT_UYVY16I, 2, 1, uyvy.data(), 4, nullptr), 0);
@@ -58,6 +58,11 @@ TEST(CInterface, RefusesNullAndUnknownSizes) {
     expectRefusal(error,
                   orva_frame_image(&frames.source, ORVA_FORMAT_A8P, 1, 1, nullptr, 1, &error),
                   ORVA_NULL_ARGUMENT, "data");
+    OrvaImage empty = ORVA_IMAGE_INIT, unset = {};
+    EXPECT_EQ(orva_frame_image(&empty, ORVA_FORMAT_A8P, 0, 1, nullptr, 0, &error), ORVA_DONE);
+    expectRefusal(error,
+                  orva_frame_image(&unset, ORVA_FORMAT_A8P, 1, 1, frames.bgr.data(), 1, &error),
+                  ORVA_BAD_STRUCT_SIZE, "image.structSize");
     options.structSize += 4;
     expectRefusal(error, frames.convert(&options, &error), ORVA_BAD_STRUCT_SIZE,
                   "options.structSize");
@@ -89,10 +94,20 @@ TEST(CInterface, DescribesErrors) {
         const std::string written = size == 0 ? "" : whole.substr(0, size - 1) + '\0';
         EXPECT_EQ(text, written + std::string(60 - written.size(), '#'));
     }
+    const OrvaError empty{sizeof empty, ORVA_OVERLAP, 7, nullptr, nullptr};
+    EXPECT_EQ(orva_describe(&empty, nullptr, 0), 7u);
     const OrvaError none = ORVA_ERROR_INIT;
     std::array<char, 8> text;
     EXPECT_EQ(orva_describe(&none, text.data(), text.size()), 4u);
     EXPECT_STREQ(text.data(), "done");
+}
+
+TEST(CInterface, TellsHowPlanesOverlap) {
+    Frames frames;
+    OrvaError error = ORVA_ERROR_INIT;
+    frames.source.main.data = frames.bgr.data() + 4;
+    expectRefusal(error, frames.convert(nullptr, &error), ORVA_OVERLAP, "destination.main.data");
+    EXPECT_EQ(error.value, -4);
 }
 
 // A row or a plane that no memory of this word size holds is blamed on what makes it so.
@@ -107,6 +122,10 @@ TEST(CInterface, RefusesSizesBeyondTheAddressSpace) {
     frames.source.height = frames.destination.height = 2;
     frames.source.main.pitch = PTRDIFF_MAX - 2;
     expectRefusal(error, frames.convert(nullptr, &error), ORVA_BAD_SIZE, "source.main.size");
+    expectRefusal(error,
+                  orva_frame_image(&frames.source, ORVA_FORMAT_BGR32I, UINT32_MAX, UINT32_MAX,
+                                   frames.bgr.data(), SIZE_MAX, &error),
+                  ORVA_SHORT_PLANE, "size");
     if (sizeof(void*) == 4) {
         frames.source.width = frames.destination.width = UINT32_MAX;
         expectRefusal(error, frames.convert(nullptr, &error), ORVA_BAD_SIZE, "source.width");

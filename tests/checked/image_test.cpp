@@ -245,6 +245,8 @@ TEST(ImageView, IsCroppedOnWholeUnits) {
     EXPECT_TRUE(tens.view().cropped(6, 0, 5, 1));
     EXPECT_FALSE(tens.view().cropped(4, 0, 5, 1));
     EXPECT_EQ(tens.view().cropped(6, 1, 2, 0)->height, 0u);
+    EXPECT_TRUE(view.cropped(6, 0, 0, 4)->row(3).empty());
+    EXPECT_TRUE(ImageView::overFrame(Format::UYVY16I, 0, 0, {}));
     EXPECT_FALSE(ImageView({Format::BGR32I, 4, 4, {bytes, 8}, {}, {}, {}}).cropped(0, 0, 1, 1));
 }
 

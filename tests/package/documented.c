@@ -23,7 +23,7 @@ int main(void) {
     check(!showFrame(uyvy, 1000, &upright), "a short frame");
     check(window[0][0] == 250 && window[0][(height - 1) * width * 4] == 0, "rows run upwards");
 
-    OrvaImage camera;
+    OrvaImage camera = ORVA_IMAGE_INIT;
     orva_frame_image(&camera, ORVA_FORMAT_UYVY16I, width, height, uyvy, sizeof uyvy, NULL);
     const OrvaImage shared = windowImage(window[1], width, height, width * 4);
     for (uint32_t share = 0; share < 7; ++share)

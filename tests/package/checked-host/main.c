@@ -28,7 +28,7 @@ int main(void) {
     for (size_t i = 0; i < cameraSize; ++i)
         cameraBytes[i] = bars[i % (width * 2) * 8 / (width * 2)][i % 4];
 
-    OrvaImage camera, screen;
+    OrvaImage camera = ORVA_IMAGE_INIT, screen = ORVA_IMAGE_INIT;
     OrvaError error = ORVA_ERROR_INIT;
     if (orva_frame_image(&camera, ORVA_FORMAT_UYVY16I, width, height, cameraBytes, cameraSize,
                          &error) ||
