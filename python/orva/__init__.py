@@ -5,6 +5,7 @@
 Pictures are used where they lie: nothing is copied, and other threads run meanwhile.
 """
 
+import math
 from typing import Any, Literal, NamedTuple
 
 from . import _orva
@@ -98,6 +99,16 @@ def instruction_set() -> str:
     return _orva.instruction_set()
 
 
+def _lines(shape: tuple[int, ...], type: str) -> Any:
+    """An array that begins with a cache line, which is faster to write."""
+    line = 64
+    # V210's rows end in a gap that no conversion writes.
+    new = _numpy.zeros if type == "<u4" else _numpy.empty
+    memory = new(math.prod(shape) * int(type[-1]) + line, _numpy.uint8)
+    begin = -memory.__array_interface__["data"][0] % line
+    return _numpy.ndarray(shape, type, memory, begin)
+
+
 def empty(format: str, width: int, height: int) -> Any:
     """A new picture that holds anything, such as `convert` fills and returns.
 
@@ -107,10 +118,7 @@ def empty(format: str, width: int, height: int) -> Any:
     """
     if _numpy is None:
         return bytearray(_orva.frame_bytes(format, width, height))
-    planes = tuple(
-        _numpy.zeros(shape, type) if type == "<u4" else _numpy.empty(shape, type)
-        for shape, type in _orva.plane_shapes(format, width, height)
-    )
+    planes = tuple(_lines(*plane) for plane in _orva.plane_shapes(format, width, height))
     return planes[0] if len(planes) == 1 else planes
 
 
