@@ -4,11 +4,12 @@
 set -euo pipefail
 example=$1 python=$2 orva=$3
 folder=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null || true; wait; rm -rf "$folder"' EXIT
+# Killed, not asked to end: a worker that is, waits for a scheduler that has gone.
+trap 'kill -9 $(jobs -p) 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$folder"' EXIT
 cd "$folder"
 
 fail() { echo "FAILED: $*" >&2; exit 1; }
-convert() { "$python" "$example" --size 322x66 --chunk 3 "$@" >output 2>errors; }
+convert() { timeout 100 "$python" "$example" --size 322x66 --chunk 3 "$@" >output 2>errors; }
 
 # Chunks of which the last is shorter, and a clip of one frame.
 mkdir clips
