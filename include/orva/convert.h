@@ -15,8 +15,9 @@
  * threads at once. Texts are UTF-8, end with a 0 byte and live as long as the library. A null
  * pointer is allowed where a comment says so, and refused or answered with "nothing" elsewhere.
  *
- * Structures begin with their size, which their caller sets: a later version may add fields at the
- * end. Every field has the same type in every build but for pointers, size_t and ptrdiff_t.
+ * OrvaImage, OrvaOptions and OrvaError begin with their size, which their caller sets,
+ * OrvaFormatInfo with its own: a later version may add fields at the end. Every field has the same
+ * type in every build but for pointers, size_t and ptrdiff_t.
  *
  * This header is plain C99 and C++. <orva/convert.hpp> is the same for C++20, <orva/orva.h> is
  * another library.
@@ -184,8 +185,8 @@ typedef struct OrvaError {
 
 /* Writes "<field> is <value>: <advice>", or "done", to the text of `size` bytes, cut to what fits
  * with a 0 byte at its end; nothing if text is null or size is 0. Returns the whole text's length
- * without the 0 byte; of this library's errors, less than ORVA_DESCRIPTION_SIZE. 0 if the error is
- * null or its structSize unknown. */
+ * without the 0 byte; of this library's errors, less than ORVA_DESCRIPTION_SIZE. Of a null error or
+ * one of unknown structSize it writes an empty text and returns 0. */
 ORVA_CONVERT_API size_t ORVA_CONVERT_CALL orva_describe(const OrvaError* error, char* text,
                                                         size_t size);
 #define ORVA_DESCRIPTION_SIZE 512
@@ -302,9 +303,9 @@ ORVA_CONVERT_API int32_t ORVA_CONVERT_CALL orva_options_init(OrvaOptions* option
  * (OrvaPlaneInfo): first rows at the same address, with the same pitch. Any other overlap is
  * refused. An empty image is done at once.
  *
- * `options` may be null: all defaults. `error` may be null; else its structSize must be set, and a
- * refusal fills the rest. Returns ORVA_DONE, or the code of what was refused; then nothing has been
- * read or written. */
+ * `options` may be null: all defaults. `error` may be null; else its structSize must be set. A
+ * refusal fills the rest, a call that is done leaves it as it was. Returns ORVA_DONE, or the code
+ * of what was refused; then nothing has been read or written. */
 ORVA_CONVERT_API int32_t ORVA_CONVERT_CALL orva_convert(const OrvaImage* source,
                                                         const OrvaImage* destination,
                                                         const OrvaOptions* options,
