@@ -11,9 +11,8 @@
 namespace orva {
 namespace {
 
-// From this many bytes read and written on, it pays to write past the cache what is only moved:
-// less stays in the caches until it is read again. It is a little below an alpha plane of
-// 1920x1080.
+// From this many bytes read and written on, it pays to write past the cache: less stays in the
+// caches until it is read again. It is a little below an alpha plane of 1920x1080.
 constexpr std::uint64_t streamedBytes = 2'000'000;
 
 // The planes from a row on.

@@ -34,10 +34,6 @@ bool listHolds(const char* list, const char* name) {
     return false;
 }
 
-constexpr std::uint64_t roundUp(std::uint64_t value, std::uint64_t multiple) {
-    return (value + multiple - 1) / multiple * multiple;
-}
-
 }  // namespace
 }  // namespace orva
 
@@ -75,7 +71,7 @@ uint64_t orva_row_bytes(OrvaFormat format, uint32_t plane, uint32_t width) {
 
 uint64_t orva_frame_pitch(OrvaFormat format, uint32_t plane, uint32_t width) {
     const std::uint64_t row = orva_row_bytes(format, plane, width);
-    return format == ORVA_FORMAT_V210 ? roundUp(row, 128) : row;
+    return format == ORVA_FORMAT_V210 ? roundUp<std::uint64_t>(row, 128) : row;
 }
 
 uint64_t orva_frame_bytes(OrvaFormat format, uint32_t width, uint32_t height) {

@@ -8,34 +8,7 @@ using namespace orva;
 int32_t orva_frame_image(OrvaImage* image, OrvaFormat format, uint32_t width, uint32_t height,
                          void* data, size_t size, OrvaError* error) {
     const std::uint64_t needed = orva_frame_bytes(format, width, height);
-    const auto refusal = [&]() -> Refusal {
-        if (const Refusal badError = checkError(error)) {
-            return badError;
-        }
-        if (!image) {
-            return {ORVA_NULL_ARGUMENT, "image", 0, "give an image to set"};
-        }
-        if (image->structSize != sizeof *image) {
-            return {ORVA_BAD_STRUCT_SIZE, "image.structSize", image->structSize,
-                    "set it to sizeof(OrvaImage) of this version's header"};
-        }
-        if (format >= picture::formatCount) {
-            return {ORVA_BAD_FORMAT, "format", format,
-                    "give one of the formats that orva_format_count counts"};
-        }
-        if (format == ORVA_FORMAT_A8C) {
-            return {ORVA_BAD_FORMAT, "format", format, "it has no planes, so no frame holds it"};
-        }
-        if (!data && needed > 0) {
-            return {ORVA_NULL_ARGUMENT, "data", 0, "give the frame's memory"};
-        }
-        if (size < needed || needed == UINT64_MAX) {
-            return {ORVA_SHORT_PLANE, "size", static_cast<int64_t>(size),
-                    "give as many bytes as orva_frame_bytes says"};
-        }
-        return {};
-    }();
-    if (refusal) {
+    if (const Refusal refusal = validateFrame(image, format, needed, data, size, error)) {
         return tell(refusal, error);
     }
     *image = {sizeof *image, format, width, height, {}, {}, {}, {}};

@@ -1,4 +1,4 @@
-// The checks of arguments.
+// The checks of arguments: the only place that refuses.
 #include "checked/validate.hpp"
 
 #include "picture/formats.hpp"
@@ -59,7 +59,7 @@ struct Extents {
 // No object, and no distance within one, is larger.
 constexpr auto mostBytes = static_cast<std::uint64_t>(PTRDIFF_MAX);
 
-Refusal checkImageItself(const OrvaImage* image, const ImageFields& fields) {
+Refusal checkStructure(const OrvaImage* image, const ImageFields& fields) {
     if (!image) {
         return {ORVA_NULL_ARGUMENT, fields.image, 0, "give an image"};
     }
@@ -67,11 +67,20 @@ Refusal checkImageItself(const OrvaImage* image, const ImageFields& fields) {
         return {ORVA_BAD_STRUCT_SIZE, fields.structSize, image->structSize,
                 "set it to sizeof(OrvaImage) of this version's header"};
     }
-    if (image->format >= picture::formatCount) {
-        return {ORVA_BAD_FORMAT, fields.format, image->format,
+    return {};
+}
+
+Refusal checkFormat(OrvaFormat format, const char* field) {
+    if (format >= picture::formatCount) {
+        return {ORVA_BAD_FORMAT, field, format,
                 "give one of the formats that orva_format_count counts"};
     }
     return {};
+}
+
+Refusal checkImageItself(const OrvaImage* image, const ImageFields& fields) {
+    const Refusal refusal = checkStructure(image, fields);
+    return refusal ? refusal : checkFormat(image->format, fields.format);
 }
 
 struct Choice {
@@ -244,6 +253,27 @@ Refusal validateConversion(const OrvaImage* source, const OrvaImage* destination
         return refusal;
     }
     return checkOverlap(sourceExtents, destinationExtents, source->height);
+}
+
+Refusal validateFrame(const OrvaImage* image, OrvaFormat format, uint64_t frameBytes,
+                      const void* data, size_t size, const OrvaError* error) {
+    for (const Refusal& refusal :
+         {checkError(error), checkStructure(image, imageFields), checkFormat(format, "format")}) {
+        if (refusal) {
+            return refusal;
+        }
+    }
+    if (format == ORVA_FORMAT_A8C) {
+        return {ORVA_BAD_FORMAT, "format", format, "it has no planes, so no frame holds it"};
+    }
+    if (!data && frameBytes > 0) {
+        return {ORVA_NULL_ARGUMENT, "data", 0, "give the frame's memory"};
+    }
+    if (size < frameBytes || frameBytes == UINT64_MAX) {
+        return {ORVA_SHORT_PLANE, "size", static_cast<int64_t>(size),
+                "give as many bytes as orva_frame_bytes says"};
+    }
+    return {};
 }
 
 Refusal validateCrop(const OrvaImage* image, uint32_t x, uint32_t y, uint32_t width,

@@ -21,6 +21,10 @@ inline uint64_t magnitude(ptrdiff_t pitch) {
 Refusal validateConversion(const OrvaImage* source, const OrvaImage* destination,
                            const OrvaOptions& options, uint32_t firstRow, const OrvaError* error);
 
+// Success means that the memory holds a frame of frameBytes, which is UINT64_MAX if none does.
+Refusal validateFrame(const OrvaImage* image, OrvaFormat format, uint64_t frameBytes,
+                      const void* data, size_t size, const OrvaError* error);
+
 // Success means that every row of every plane lies within its bytes, and that the crop is whole
 // units of the image.
 Refusal validateCrop(const OrvaImage* image, uint32_t x, uint32_t y, uint32_t width,

@@ -8,8 +8,7 @@
 //
 // Passes convert whole blocks: they read and write as if the number of pixels were rounded up to
 // Kernels::block. Only V210 is read and written in its own units of six pixels. The rows that a
-// caller gives are never touched beyond their end: what is left of a row behind its last whole
-// block passes through padded copies (rows.cpp).
+// caller gives are never touched beyond their end: rows.cpp sees to that.
 #pragma once
 
 #include "picture/constants.hpp"

@@ -28,10 +28,6 @@ constexpr size_t stripPixels = 768;
 
 size_t offsetOf(PlaneInfo plane, size_t x) { return unitsBefore(plane, x) * plane.unitBytes; }
 
-constexpr size_t roundUp(size_t value, size_t multiple) {
-    return (value + multiple - 1) / multiple * multiple;
-}
-
 size_t bytesOf(PlaneInfo plane, size_t pixels) { return bytesOfUnits(plane, pixels); }
 
 // A piece of every plane of a layout, with room before it for the pixel that precedes it. What is
@@ -285,8 +281,8 @@ private:
                 std::memcpy(destination.target.plane[i], out.target().plane[i], bytes);
     }
 
-    void makePiece(const Piece& piece, const Places& result, bool streams) {
-        runPasses(piece, result, streams);
+    void makePiece(const Piece& piece, const Places& result, bool streaming) {
+        runPasses(piece, result, streaming);
         if (plan.toV210 && piece.pixels % 6 != 0)
             clearUnusedPairs(result.target.plane[0] + piece.pixels / 6 * 16, piece.pixels % 6);
     }
@@ -301,15 +297,15 @@ private:
         std::copy_n(to.step, planeCount, piece.fromStep);
     }
 
-    void runPasses(Piece piece, const Places& result, bool streams) {
+    void runPasses(Piece piece, const Places& result, bool streaming) {
         const auto wordBytes = static_cast<std::ptrdiff_t>(2 * piece.pixels);
         const Places samples = {computed.target(), {wordBytes, wordBytes, 0, 0}};
         if (plan.prepare)
             prepare(piece, {prepared.target(), {wordBytes, wordBytes, 0, 0}});
-        piece.streams = streams && !plan.finish;
+        piece.streams = streaming && !plan.finish;
         if (plan.compute)
             run(plan.compute, piece, plan.finish ? samples : result);
-        piece.streams = streams;
+        piece.streams = streaming;
         if (plan.finish)
             run(plan.finish, piece, result);
     }

@@ -23,8 +23,8 @@ struct Area {
     size_t height;
 };
 
-// What is written past the cache, where rows reach a cache line with a whole unit: what only moves,
-// and what is computed.
+// What is written past the cache, where rows are whole cache lines or one long row: what only
+// moves, and what is computed.
 struct StreamingKinds {
     bool moves, computed;
 };

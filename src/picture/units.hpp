@@ -7,6 +7,10 @@
 
 namespace orva {
 
+template <class Number> constexpr Number roundUp(Number value, Number multiple) {
+    return (value + multiple - 1) / multiple * multiple;
+}
+
 // Whole units before pixel x of a row. Divisors are constants, which takes a tenth of the time.
 template <class Number> constexpr Number unitsBefore(PlaneInfo plane, Number x) {
     return plane.unitPixels == 1 ? x : plane.unitPixels == 2 ? x / 2 : x / 6;
