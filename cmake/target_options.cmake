@@ -1,5 +1,13 @@
 # Compiler and linker options: what every target gets, and what only the library gets.
 
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^([Xx]86|i.86|x86_64|AMD64|amd64)$")
+  set(ORVA_X86 TRUE)
+elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "^(aarch64|arm64|ARM64)$")
+  set(ORVA_X86 FALSE)
+else()
+  message(FATAL_ERROR "There are kernels for x86 and 64-bit ARM only, not for ${CMAKE_SYSTEM_PROCESSOR}.")
+endif()
+
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   set(ORVA_32BIT TRUE)
 else()
@@ -8,7 +16,7 @@ endif()
 
 # What the linker notes when all objects were made with control-flow protection. It marks where
 # indirect branches may go. Linux protects 64-bit processes only.
-if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64" AND NOT ORVA_32BIT)
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND ORVA_X86 AND NOT ORVA_32BIT)
   set(ORVA_CONTROL_FLOW_MARKS "IBT, SHSTK")
 else()
   set(ORVA_CONTROL_FLOW_MARKS "")

@@ -2,8 +2,6 @@
 // moving them out of and into the fourth bytes of BGR32I.
 #include "alpha/kernels.hpp"
 
-#include <type_traits>
-
 #include "alpha/planes.hpp"
 #include "frame/move.hpp"
 #include "rgb/repack.hpp"
@@ -11,14 +9,14 @@
 namespace orva::ORVA_ISA {
 namespace {
 
-struct Copy {
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        // The general kernel loads its source aligned only if it stores with ordinary stores. Hosts
-        // rely on the streaming one taking any source.
-        using Loads = std::conditional_t<!fast && Stores::streaming, UnalignedLoads, AlignedLoads>;
-        walkRows<fast, Stores>(MoveJob<AlphaBytes, Unchanged, Loads>(d), d);
-    }
-};
+// The general kernel loads its source aligned only if it stores with ordinary stores. Hosts rely on
+// the streaming one taking any source.
+void copy(const Descriptor& d, Form form) {
+    if (form.streaming && !form.fast)
+        move<AlphaBytes, Unchanged, UnalignedLoads>(d, form);
+    else
+        move<AlphaBytes, Unchanged, AlignedLoads>(d, form);
+}
 
 struct FillJob {
     static constexpr uint32_t unitPixels = 1;
@@ -26,7 +24,7 @@ struct FillJob {
     static constexpr uint32_t streamedPixelBytes = 1;
 
     DestinationPointer dst;
-    Wide alpha;
+    Constant alpha;
 
     ORVA_INLINE explicit FillJob(const Descriptor& d)
         : dst(mainDestination(d)), alpha(Wide::all8(uint8_t(d.alphaValue))) {}
@@ -42,31 +40,27 @@ struct FillJob {
 
     template <uint32_t count> ORVA_INLINE void units() {
         if constexpr (count == 4)
-            alpha.firstLane().storeFirst<4>(dst);
+            constant<Vec128>(alpha).storeFirst<4>(dst);
         else
             for (uint32_t i = 0; i < count; ++i)
-                dst[i] = uint8_t(alpha.firstLane().low32());
+                dst[i] = uint8_t(constant<Vec128>(alpha).low32());
         dst += count;
     }
 
     ORVA_INLINE void endRow() { dst.endRow(); }
 };
 
-struct Fill {
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(FillJob(d), d);
-    }
-};
+void fill(const Descriptor& d, Form form) { walkImage(FillJob(d), d, form); }
 
 }  // namespace
 
 extern const AlphaKernels alphaKernels;
 constinit const AlphaKernels alphaKernels{
-    .copy = kernelSet<Copy>,
-    .fill = kernelSet<Fill>,
-    .bgr32ToAlpha = kernelSet<Repack<Bgr32Reader, AlphaWriter>>,
-    .bgr32ToBgr24A8p = kernelSet<Repack<Bgr32Reader, Bgr24AndAlphaWriter>>,
-    .bgr24A8pToBgr32 = kernelSet<Repack<Bgr24WithFourth<FourthFromPlane>, Bgr32Writer>>,
+    .copy = copy,
+    .fill = fill,
+    .bgr32ToAlpha = repack<Bgr32Reader, AlphaWriter>,
+    .bgr32ToBgr24A8p = repack<Bgr32Reader, Bgr24AndAlphaWriter>,
+    .bgr24A8pToBgr32 = repack<Bgr24WithFourth<FourthFromPlane>, Bgr32Writer>,
 };
 
 }  // namespace orva::ORVA_ISA

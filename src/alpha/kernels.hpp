@@ -6,11 +6,11 @@
 namespace orva {
 
 struct AlphaKernels {
-    KernelSet copy;
-    KernelSet fill;
-    KernelSet bgr32ToAlpha;
-    KernelSet bgr32ToBgr24A8p;
-    KernelSet bgr24A8pToBgr32;
+    Kernel copy;
+    Kernel fill;
+    Kernel bgr32ToAlpha;
+    Kernel bgr32ToBgr24A8p;
+    Kernel bgr24A8pToBgr32;
 };
 
 }  // namespace orva

@@ -73,8 +73,7 @@ void convertChecked(const OrvaImage& source, const OrvaImage& destination, const
                          {rowsOf<const uint8_t>(source, firstRow),
                           rowsOf<uint8_t>(destination, firstRow), source.width, rowCount},
                          streamingKinds(options.streaming, source, destination));
-    // The oldest table alone has no wide registers.
-    if (&kernels != picture::tables[0].kernels) {
+    if (kernels.useWideRegisters) {
         leaveWideRegisters();
     }
 }

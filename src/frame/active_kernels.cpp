@@ -3,23 +3,16 @@
 
 namespace orva {
 
-namespace sse2 {
-extern const Kernels kernels;
-}
-namespace avx2 {
-extern const Kernels kernels;
-}
-namespace avx512 {
-extern const Kernels kernels;
-}
+#define DECLARE(isa, name, isSupported)                                                            \
+    namespace isa {                                                                                \
+    extern const Kernels kernels;                                                                  \
+    }
+ORVA_INSTRUCTION_SETS(DECLARE)
 
-constinit const Tables<Kernels> kernelTables = {
-    {"SSE2", &sse2::kernels, supportsSse2},
-    {"AVX2", &avx2::kernels, supportsAvx2},
-    {"AVX-512", &avx512::kernels, supportsAvx512},
-};
+#define ROW(isa, name, isSupported) {name, &isa::kernels, isSupported},
+constexpr Tables<Kernels> kernelTables = {ORVA_INSTRUCTION_SETS(ROW)};
 
-constinit const Kernels* activeKernels = &sse2::kernels;
+constinit const Kernels* activeKernels = kernelTables[0].kernels;
 
 [[gnu::constructor]] static void chooseKernels() { activeKernels = newestSupported(kernelTables); }
 

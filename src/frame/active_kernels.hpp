@@ -18,6 +18,7 @@ struct Kernels {
     const RgbToYuvKernels& rgbToYuv;
     const YuvToRgbKernels& yuvToRgb;
     const YuvToYuvKernels& yuvToYuv;
+    bool useWideRegisters;  // more than 128 bits
 };
 
 using KernelTable = TableOf<Kernels>;

@@ -11,13 +11,15 @@
 
 namespace orva {
 
-// Choices are a KernelSet or a ModeTable.
-template <class Choices>
-inline void convert(const Choices& choices, bool (*isAligned)(const Descriptor&),
-                    const Descriptor* d) {
-    choices.choose(isAligned(*d), *d)(*d);
-    if (activeKernels != kernelTables[0].kernels)
+inline void convert(Kernel kernel, bool (*isAligned)(const Descriptor&), const Descriptor* d) {
+    kernel(*d, {.fast = isAligned(*d), .streaming = d->streamingStores != 0});
+    if (activeKernels->useWideRegisters)
         leaveWideRegisters();
+}
+
+inline void convert(const ModeTable& kernels, bool (*isAligned)(const Descriptor&),
+                    const Descriptor* d) {
+    convert(kernels.of(*d), isAligned, d);
 }
 
 }  // namespace orva

@@ -1,4 +1,4 @@
-// What an export chooses from: kernels, the four of a conversion, and tables of modes.
+// What an export calls: the kernel of a conversion, or of one of its modes.
 #pragma once
 
 #include <orva/orva.h>
@@ -7,33 +7,24 @@ namespace orva {
 
 using Descriptor = OrvaConversionDescriptor;
 
-// One way of doing a conversion, over the whole image of a descriptor.
-using Kernel = void (*)(const Descriptor&);
-
-// The kernels of one conversion, with ordinary and with streaming stores. Descriptors that pass the
-// export's test of alignment get the fast kernel where there is one, all others the general one.
-struct KernelSet {
-    Kernel aligned;
-    Kernel alignedStreaming;
-    Kernel general;
-    Kernel generalStreaming;
-
-    Kernel choose(bool isAligned, const Descriptor& d) const {
-        if (isAligned)
-            return d.streamingStores ? alignedStreaming : aligned;
-        return d.streamingStores ? generalStreaming : general;
-    }
+// How a kernel goes over an image. Where it has a fast walk, descriptors that pass the export's
+// test of alignment get that; all others get the general one.
+struct Form {
+    bool fast, streaming;
 };
 
-// The kernels of an export that looks at kernelMode, one set per mode. A mode without kernels is a
-// set of null pointers, and calling it is the caller's fault.
+// A conversion of the whole image of a descriptor.
+using Kernel = void (*)(const Descriptor&, Form);
+
+// The kernels of an export that looks at kernelMode, one per mode. A mode without a kernel is a
+// null pointer, and calling it is the caller's fault.
 struct ModeTable {
     static constexpr uint32_t modes = 5;
-    KernelSet mode[modes];
+    Kernel mode[modes];
 
-    Kernel choose(bool isAligned, const Descriptor& d) const {
+    Kernel of(const Descriptor& d) const {
         const uint32_t column = uint32_t(d.kernelMode);
-        return mode[column < modes ? column : 0].choose(isAligned, d);
+        return mode[column < modes ? column : 0];
     }
 };
 

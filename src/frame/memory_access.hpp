@@ -30,6 +30,7 @@ struct StreamingStores {
 // Past the cache from one address to another, ordinary before and behind.
 struct StreamingBetween {
     const uint8_t *first, *last;
+    ORVA_INLINE static StreamingBetween nothing() { return {nullptr, nullptr}; }
     ORVA_INLINE void put(Vec128 value, uint8_t* p) const {
         if (p >= first && p < last)
             value.stream(p);

@@ -73,11 +73,9 @@ template <class Format, class Order, class Loads> struct MoveJob {
     }
 };
 
-// A conversion that moves bytes, with the same kind of loads in all its forms.
-template <class Format, class Order, class Loads> struct Move {
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(MoveJob<Format, Order, Loads>(d), d);
-    }
-};
+// With the same kind of loads in all its forms.
+template <class Format, class Order, class Loads> void move(const Descriptor& d, Form form) {
+    walkImage(MoveJob<Format, Order, Loads>(d), d, form);
+}
 
 }  // namespace orva::ORVA_ISA

@@ -10,6 +10,12 @@ namespace orva::ORVA_ISA {
 template <class Byte> class RunningPointer {
 public:
     ORVA_INLINE RunningPointer(Byte* first, ptrdiff_t rowGap) : at(first), rowGap(rowGap) {}
+    ORVA_INLINE RunningPointer(const RunningPointer&) = default;
+    // Of the same plane.
+    ORVA_INLINE RunningPointer& operator=(const RunningPointer& other) {
+        at = other.at;
+        return *this;
+    }
 
     ORVA_INLINE operator Byte*() const { return at; }
     ORVA_INLINE void operator+=(ptrdiff_t bytes) { at += bytes; }

@@ -37,21 +37,66 @@ concept Job = BlockJob<J> && requires(J job) {
     { J::unitPixels } -> std::convertible_to<uint32_t>;
     // Units from the destination pointer to the first 16-byte boundary.
     { job.head() } -> std::same_as<uint32_t>;
-    // Converts 4 units, or 2 or 1, and moves on.
-    job.template units<4>();
+    // Converts 4 units, or 2 or 1, and moves on; 4 only if a block has more.
+    job.template units<2>();
 };
 
-template <BlockJob J, class Stores>
-ORVA_INLINE void convertWith(Stores stores, J& job, size_t blocks) {
-    for (; blocks >= Wide::lanes; blocks -= Wide::lanes)
-        job.template blocks<Wide>(stores);
-    if constexpr (Wide::lanes > 1)
-        for (; blocks > 0; --blocks)
-            job.template blocks<Vec128>(stores);
+// What converts row ends is called, not inlined: it is most of a kernel's code and little of its
+// work.
+template <Job J> [[gnu::noinline]] void convertUnits(J& job, uint32_t count) {
+    // Ends have fewer units than a block, but in narrow rows.
+    constexpr uint32_t most = J::blockPixels / J::unitPixels > 4 ? 4 : 2;
+    for (; count >= most; count -= most)
+        job.template units<most>();
+    if (most > 2 && (count & 2))
+        job.template units<2>();
+    if (count & 1)
+        job.template units<1>();
 }
 
-// Streams whole cache lines only. A line that is partly written past the cache costs a transfer to
-// memory of its own, and one that is also written through the cache costs several.
+template <BlockJob J>
+[[gnu::noinline]] void convertOneByOne(J& job, const StreamingBetween& stores, size_t blocks) {
+    for (; blocks > 0; --blocks)
+        job.template blocks<Vec128>(stores);
+}
+
+// Leaves what is too little for the widest vectors, and returns how many blocks that is.
+template <BlockJob J, class Stores>
+ORVA_INLINE size_t convertWide(J& job, Stores stores, size_t blocks) {
+    for (; blocks >= Wide::lanes; blocks -= Wide::lanes)
+        job.template blocks<Wide>(stores);
+    return blocks;
+}
+
+// Rows of as many blocks each; or of any width, which are split one by one.
+struct Rows {
+    size_t count, blocks;
+    bool anyWidth = false;
+    uint32_t width = 0;   // pixels
+    uint32_t narrow = 0;  // rows of fewer pixels are all head
+};
+
+struct RowParts {
+    uint32_t head;  // units
+    size_t blocks;
+    uint32_t tail;  // units
+};
+
+template <BlockJob J> ORVA_INLINE RowParts split(const J& job, const Rows& rows) {
+    if constexpr (Job<J>) {
+        if (rows.anyWidth) {
+            const uint32_t head =
+                rows.width < rows.narrow ? rows.width / J::unitPixels : job.head();
+            const uint32_t behindHead = rows.width - head * J::unitPixels;
+            return {head, behindHead / J::blockPixels, behindHead % J::blockPixels / J::unitPixels};
+        }
+    }
+    return {0, rows.blocks, 0};
+}
+
+// Which of some blocks to stream: whole cache lines only. A line that is partly written past the
+// cache costs a transfer to memory of its own, and one that is also written through the cache costs
+// several.
 //
 //     cache lines       |       |       |       |       |       |       |
 //     blocks of a row         [____][____][____][____][____][____]
@@ -62,31 +107,74 @@ ORVA_INLINE void convertWith(Stores stores, J& job, size_t blocks) {
 //
 // The blocks between lead and whole are streamed, those before and behind as far as they lie in
 // the lines.
-template <StreamableJob J> ORVA_INLINE void convertStreaming(J& job, size_t blocks) {
+struct StreamedPart {
+    size_t lead, whole;  // whole is 0 where nothing can be streamed
+    StreamingBetween stores;
+};
+
+template <StreamableJob J> ORVA_INLINE StreamedPart streamedPart(const J& job, size_t blocks) {
     constexpr size_t blockBytes = J::blockPixels * J::streamedPixelBytes;
     static_assert(blockBytes <= cacheLine);  // so that lead <= whole
     const uint8_t* const begin = job.streamed();
     const size_t toLine = -reinterpret_cast<uintptr_t>(begin) % cacheLine;
-    if (begin == nullptr || blocks * blockBytes < toLine + cacheLine) {
-        convertWith(OrdinaryStores(), job, blocks);
-        return;
-    }
+    if (begin == nullptr || blocks * blockBytes < toLine + cacheLine)
+        return {0, 0, StreamingBetween::nothing()};
     const size_t lines = (blocks * blockBytes - toLine) / cacheLine * cacheLine;
-    const StreamingBetween stores{begin + toLine, begin + toLine + lines};
-    const size_t lead = (toLine + blockBytes - 1) / blockBytes;
-    const size_t whole = (toLine + lines) / blockBytes;
-    for (size_t i = 0; i < lead; ++i)
-        job.template blocks<Vec128>(stores);
-    convertWith(StreamingStores(), job, whole - lead);
-    for (size_t i = whole; i < blocks; ++i)
-        job.template blocks<Vec128>(stores);
+    return {(toLine + blockBytes - 1) / blockBytes,
+            (toLine + lines) / blockBytes,
+            {begin + toLine, begin + toLine + lines}};
 }
 
-template <class Stores, BlockJob J> ORVA_INLINE void convertBlocks(J& job, size_t blocks) {
-    if constexpr (Stores::streaming && J::streamedPixelBytes > 0)
-        convertStreaming(job, blocks);
-    else
-        convertWith(OrdinaryStores(), job, blocks);
+// Works on a copy of the job, which stays in registers, and puts its positions back for the calls.
+template <bool streaming, BlockJob J> [[gnu::noinline]] void walk(J& job, const Rows& rows) {
+    J running = job;
+    const auto call = [&](auto convert) {
+        job = running;
+        convert();
+        running = job;
+    };
+    for (size_t row = 1;; ++row) {
+        const RowParts parts = split(running, rows);
+        if constexpr (Job<J>)
+            if (parts.head > 0)
+                call([&] { convertUnits(job, parts.head); });
+
+        StreamingBetween stores = StreamingBetween::nothing();
+        size_t left = 0;
+        if constexpr (streaming) {
+            const StreamedPart part = streamedPart(running, parts.blocks);
+            if (part.whole == 0) {
+                call([&] { walk<false>(job, {.count = 1, .blocks = parts.blocks}); });
+            } else {
+                stores = part.stores;
+                if (part.lead > 0)
+                    call([&] { convertOneByOne(job, stores, part.lead); });
+                left = convertWide(running, StreamingStores(), part.whole - part.lead) +
+                       parts.blocks - part.whole;
+            }
+        } else {
+            left = convertWide(running, OrdinaryStores(), parts.blocks);
+        }
+        if (left > 0)
+            call([&] { convertOneByOne(job, stores, left); });
+
+        if constexpr (Job<J>)
+            if (parts.tail > 0)
+                call([&] { convertUnits(job, parts.tail); });
+        if (row == rows.count)
+            break;
+        running.endRow();
+    }
+    job = running;
+}
+
+template <BlockJob J> ORVA_INLINE void walkRows(J& job, const Rows& rows, bool streaming) {
+    if (rows.count == 0)
+        return;
+    if constexpr (J::streamedPixelBytes > 0)
+        if (streaming)
+            return walk<true>(job, rows);
+    walk<false>(job, rows);
 }
 
 // Rows without gaps are one long row to a walk over whole blocks. Gaps of planes that a conversion
@@ -95,45 +183,27 @@ ORVA_INLINE bool hasRowGaps(const Descriptor& d) {
     return (d.srcRowGap | d.dstRowGap | d.srcPlane2RowGap | d.dstPlane2RowGap) != 0;
 }
 
-template <class Stores, BlockJob J> ORVA_INLINE void walkWholeBlocks(J job, const Descriptor& d) {
-    size_t rows = d.srcHeight, blocks = d.dstWidth / J::blockPixels;
+template <BlockJob J> ORVA_INLINE void walkWholeBlocks(J job, const Descriptor& d, bool streaming) {
+    Rows rows{.count = d.srcHeight, .blocks = d.dstWidth / J::blockPixels};
     if (!hasRowGaps(d)) {
-        blocks *= rows;
-        rows = 1;
+        rows.blocks *= rows.count;
+        rows.count = 1;
     }
-    for (; rows > 0; --rows) {
-        convertBlocks<Stores>(job, blocks);
-        job.endRow();
-    }
+    walkRows(job, rows, streaming);
 }
 
-template <Job J> ORVA_INLINE void convertUnits(J& job, uint32_t count) {
-    for (; count >= 4; count -= 4)
-        job.template units<4>();
-    if (count & 2)
-        job.template units<2>();
-    if (count & 1)
-        job.template units<1>();
+template <Job J>
+ORVA_INLINE void walkAnyWidth(J job, uint32_t rows, uint32_t width, bool streaming,
+                              uint32_t narrow = 16) {
+    walkRows(job, {.count = rows, .blocks = 0, .anyWidth = true, .width = width, .narrow = narrow},
+             streaming);
 }
 
-template <class Stores, Job J>
-ORVA_INLINE void walkAnyWidth(J job, uint32_t rows, uint32_t width, uint32_t narrow = 16) {
-    for (; rows > 0; --rows) {
-        const uint32_t head = width < narrow ? width / J::unitPixels : job.head();
-        const uint32_t behindHead = width - head * J::unitPixels;
-        convertUnits(job, head);
-        convertBlocks<Stores>(job, behindHead / J::blockPixels);
-        convertUnits(job, behindHead % J::blockPixels / J::unitPixels);
-        job.endRow();
-    }
-}
-
-template <bool fast, class Stores, Job J>
-ORVA_INLINE void walkRows(const J& job, const Descriptor& d) {
-    if constexpr (fast)
-        walkWholeBlocks<Stores>(job, d);
+template <Job J> ORVA_INLINE void walkImage(J job, const Descriptor& d, Form form) {
+    if (form.fast)
+        walkWholeBlocks(job, d, form.streaming);
     else
-        walkAnyWidth<Stores>(job, d.srcHeight, d.dstWidth);
+        walkAnyWidth(job, d.srcHeight, d.dstWidth, form.streaming);
 }
 
 // Units of unitBytes from p to the first 16-byte boundary. Units of 3 and 6 bytes reach it after
@@ -148,28 +218,13 @@ template <unsigned unitBytes> ORVA_INLINE uint32_t unitsToBoundary(const uint8_t
         return past == 0 ? 0 : (16 - past) / unitBytes;
 }
 
-// Chooses between the two kinds of a conversion that offers run<clamped, fast, Stores>(descriptor),
-// so that it costs nothing not to clamp luma.
-template <class Conversion> struct Clamping {
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        if (d.clampStudio)
-            Conversion::template run<true, fast, Stores>(d);
-        else
-            Conversion::template run<false, fast, Stores>(d);
-    }
-};
-
-// The kernels of a conversion, which offers run<fast, Stores>(descriptor).
-template <class Conversion, bool fastIfAligned = true>
-inline constexpr KernelSet kernelSet{
-    .aligned = Conversion::template run<fastIfAligned, OrdinaryStores>,
-    .alignedStreaming = Conversion::template run<fastIfAligned, StreamingStores>,
-    .general = Conversion::template run<false, OrdinaryStores>,
-    .generalStreaming = Conversion::template run<false, StreamingStores>,
-};
-
-// The general ones alone, whatever the test of alignment says.
-template <class Conversion>
-inline constexpr KernelSet generalKernelSet = kernelSet<Conversion, false>;
+// The kernel of a conversion that offers run<clamped>(descriptor, form), so that it costs nothing
+// not to clamp luma.
+template <class Conversion> void clamping(const Descriptor& d, Form form) {
+    if (d.clampStudio)
+        Conversion::template run<true>(d, form);
+    else
+        Conversion::template run<false>(d, form);
+}
 
 }  // namespace orva::ORVA_ISA

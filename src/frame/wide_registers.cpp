@@ -1,11 +1,10 @@
 // Loads the initial state of the upper halves of the AVX registers.
 #include "frame/wide_registers.hpp"
 
-#include <immintrin.h>
+#if defined(__i386__)
 
 #include <cstdint>
-
-#if !defined(__x86_64__)
+#include <immintrin.h>
 
 namespace orva {
 

@@ -7,7 +7,7 @@
 
 namespace orva {
 
-#if defined(__x86_64__)
+#if !defined(__i386__)
 inline void leaveWideRegisters() {}
 #else
 // Loads the initial state of the upper parts, after which the processor takes none for used. Needs

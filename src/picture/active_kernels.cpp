@@ -5,25 +5,18 @@
 
 namespace orva {
 
-namespace sse2 {
-extern const picture::Kernels pictureKernels;
-}
-namespace avx2 {
-extern const picture::Kernels pictureKernels;
-}
-namespace avx512 {
-extern const picture::Kernels pictureKernels;
-}
+#define DECLARE(isa, name, isSupported)                                                            \
+    namespace isa {                                                                                \
+    extern const picture::Kernels pictureKernels;                                                  \
+    }
+ORVA_INSTRUCTION_SETS(DECLARE)
 
 namespace picture {
 
-constinit const Tables<Kernels> tables = {
-    {"SSE2", &sse2::pictureKernels, supportsSse2},
-    {"AVX2", &avx2::pictureKernels, supportsAvx2},
-    {"AVX-512", &avx512::pictureKernels, supportsAvx512},
-};
+#define ROW(isa, name, isSupported) {name, &isa::pictureKernels, isSupported},
+constexpr Tables<Kernels> tables = {ORVA_INSTRUCTION_SETS(ROW)};
 
-constinit const Kernels* activeKernels = &sse2::pictureKernels;
+constinit const Kernels* activeKernels = tables[0].kernels;
 
 [[gnu::constructor]] static void chooseKernels() { activeKernels = newestSupported(tables); }
 

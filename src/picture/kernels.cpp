@@ -72,6 +72,7 @@ template <size_t... all, size_t... bytes>
 constexpr picture::Kernels makeKernels(std::index_sequence<all...>, std::index_sequence<bytes...>) {
     picture::Kernels k{};
     k.block = block;
+    k.useWideRegisters = Wide::lanes > 1;
     constexpr std::index_sequence<all...> layouts;
     k.unpackV210 = unpackV210;
     k.packV210 = packV210;

@@ -57,7 +57,8 @@ struct Piece {
 using Pass = void (*)(const Piece&, const Constants&);
 
 struct Kernels {
-    size_t block;  // pixels
+    size_t block;           // pixels
+    bool useWideRegisters;  // more than 128 bits
 
     // V210 to samples and samples, which are bounded here, to V210: exactly the units that hold the
     // pixels. To all other passes V210 is samples.

@@ -8,10 +8,10 @@
 namespace orva::ORVA_ISA {
 extern const RgbKernels rgbKernels;
 constinit const RgbKernels rgbKernels{
-    .bgr32ToBgr32 = kernelSet<Move<Bgr32Pixels, Unchanged, AlignedLoads>>,
-    .bgr32ToBgr24 = kernelSet<Repack<Bgr32Reader, Bgr24Writer>>,
-    .bgr24ToBgr32 = kernelSet<Repack<Bgr24WithFourth<FourthFromConstant>, Bgr32Writer>>,
-    .bgr24ToBgr24 = kernelSet<Move<Bgr24Pixels, Unchanged, UnalignedLoads>>,
+    .bgr32ToBgr32 = move<Bgr32Pixels, Unchanged, AlignedLoads>,
+    .bgr32ToBgr24 = repack<Bgr32Reader, Bgr24Writer>,
+    .bgr24ToBgr32 = repack<Bgr24WithFourth<FourthFromConstant>, Bgr32Writer>,
+    .bgr24ToBgr24 = move<Bgr24Pixels, Unchanged, UnalignedLoads>,
 };
 
 }  // namespace orva::ORVA_ISA

@@ -6,10 +6,10 @@
 namespace orva {
 
 struct RgbKernels {
-    KernelSet bgr32ToBgr32;
-    KernelSet bgr32ToBgr24;
-    KernelSet bgr24ToBgr32;
-    KernelSet bgr24ToBgr24;
+    Kernel bgr32ToBgr32;
+    Kernel bgr32ToBgr24;
+    Kernel bgr24ToBgr32;
+    Kernel bgr24ToBgr24;
 };
 
 }  // namespace orva

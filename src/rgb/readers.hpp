@@ -189,11 +189,11 @@ public:
         const V vector = constant<V>(pixels);
         return {vector, vector, vector, vector};
     }
-    ORVA_INLINE uint32_t takePixel() const { return pixels.firstLane().low32(); }
+    ORVA_INLINE uint32_t takePixel() const { return constant<Vec128>(pixels).low32(); }
     ORVA_INLINE void endRow() {}
 
 private:
-    Wide pixels;
+    Constant pixels;
 };
 
 }  // namespace orva::ORVA_ISA

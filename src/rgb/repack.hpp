@@ -35,10 +35,8 @@ template <class Reader, class Writer> struct RepackJob {
     }
 };
 
-template <class Reader, class Writer> struct Repack {
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(RepackJob<Reader, Writer>(d), d);
-    }
-};
+template <class Reader, class Writer> void repack(const Descriptor& d, Form form) {
+    walkImage(RepackJob<Reader, Writer>(d), d, form);
+}
 
 }  // namespace orva::ORVA_ISA

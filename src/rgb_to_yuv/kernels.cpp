@@ -49,18 +49,26 @@ template <class Reader, class Math, class Writer, class Fourth> struct RgbToYuvJ
 template <class Source, class Writer, class Fourth> struct Conversion {
     using Reader = std::conditional_t<Writer::isSemiPlanar, FetchingAhead<Source>, Source>;
 
-    template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(RgbToYuvJob<Reader, RgbToYuv<clamped>, Writer, Fourth>(d), d);
+    template <bool clamped> static void run(const Descriptor& d, Form form) {
+        walkImage(RgbToYuvJob<Reader, RgbToYuv<clamped>, Writer, Fourth>(d), d, form);
     }
 };
 
-// A mode that reduces width and height by a factor.
+// The modes, always by the general walk: those that reduce width and height by a factor, and the
+// enlarging one, which has the source's rows and width.
 template <uint32_t factor, class Writer> struct Reduction {
     using Reader = ReducingBgr32Reader<factor>;
 
-    template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
-        walkAnyWidth<Stores>(RgbToYuvJob<Reader, RgbToYuv<clamped>, Writer, FourthDropped>(d),
-                             lineAddresses(d).rowCount, d.dstWidth);
+    template <bool clamped> static void run(const Descriptor& d, Form form) {
+        RgbToYuvJob<Reader, RgbToYuv<clamped>, Writer, FourthDropped> job(d);
+        walkAnyWidth(job, lineAddresses(d).rowCount, d.dstWidth, form.streaming);
+    }
+};
+
+template <class Writer> struct Enlargement {
+    template <bool clamped> static void run(const Descriptor& d, Form form) {
+        Conversion<Bgr32Reader, Writer, FourthDropped>::template run<clamped>(
+            d, {.fast = false, .streaming = form.streaming});
     }
 };
 
@@ -93,29 +101,29 @@ public:
 private:
     Bgr24Reader reader;
     RgbToYuv<false> math;
-    Wide offset;
+    Constant offset;
     DestinationPointer dst;
 };
 
-void convertReduced(const Descriptor& d) { walkWholeBlocks<StreamingStores>(ReducedJob(d), d); }
-
-constexpr KernelSet withReducedStreaming(KernelSet kernels) {
-    kernels.alignedStreaming = convertReduced;
-    return kernels;
-}
-
 template <class Writer, class Fourth = FourthDropped>
-constexpr KernelSet fromBgr32 = kernelSet<Clamping<Conversion<Bgr32Reader, Writer, Fourth>>>;
+constexpr Kernel fromBgr32 = clamping<Conversion<Bgr32Reader, Writer, Fourth>>;
 
-// The modes are always the general kernel. The enlarging one has the source's rows and width.
 template <class Writer, class EnlargingWriter>
-constexpr ModeTable fromBgr32WithModes{
-    {fromBgr32<Writer>, generalKernelSet<Clamping<Reduction<2, Writer>>>,
-     generalKernelSet<Clamping<Reduction<4, Writer>>>,
-     generalKernelSet<Clamping<Conversion<Bgr32Reader, EnlargingWriter, FourthDropped>>>}};
+constexpr ModeTable fromBgr32WithModes{{fromBgr32<Writer>, clamping<Reduction<2, Writer>>,
+                                        clamping<Reduction<4, Writer>>,
+                                        clamping<Enlargement<EnlargingWriter>>}};
 
 template <class Writer>
-constexpr KernelSet fromBgr24 = kernelSet<Clamping<Conversion<Bgr24Reader, Writer, FourthDropped>>>;
+constexpr Kernel fromBgr24 = clamping<Conversion<Bgr24Reader, Writer, FourthDropped>>;
+
+void bgr24ToUvyy(const Descriptor& d, Form form) {
+    if (form.fast && form.streaming) {
+        ReducedJob job(d);
+        walkWholeBlocks(job, d, form.streaming);
+    } else {
+        fromBgr24<PackedWriter<Uvyy>>(d, form);
+    }
+}
 
 }  // namespace
 
@@ -131,7 +139,7 @@ constinit const RgbToYuvKernels rgbToYuvKernels{
     .bgr32ToSemiPlanarA8p = fromBgr32<SemiPlanarWriter, FourthToPlane>,
     .bgr24ToYuyv = fromBgr24<PackedWriter<Yuyv>>,
     .bgr24ToUyvy = fromBgr24<PackedWriter<Uyvy>>,
-    .bgr24ToUvyy = withReducedStreaming(fromBgr24<PackedWriter<Uvyy>>),
+    .bgr24ToUvyy = bgr24ToUvyy,
     .bgr24ToSemiPlanar = fromBgr24<SemiPlanarWriter>,
 };
 

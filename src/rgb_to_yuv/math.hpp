@@ -55,8 +55,8 @@ private:
     }
 
     template <class V>
-    ORVA_INLINE static V weighted(V pixels, const Wide& start, const Wide& blueRedWeights,
-                                  const Wide& greenWeights) {
+    ORVA_INLINE static V weighted(V pixels, const Constant& start, const Constant& blueRedWeights,
+                                  const Constant& greenWeights) {
         const V blueRedWords = pixels & V::all16(0xFF);
         const V greenWords = shiftRight16<8>(pixels);
         const V sum =
@@ -65,9 +65,9 @@ private:
         return shiftRight32<15>(sum);
     }
 
-    Wide lumaBlueRed, lumaGreen;
-    Wide chromaBlueRed, chromaGreen;
-    Wide lumaStart, chromaStart;
+    Constant lumaBlueRed, lumaGreen;
+    Constant chromaBlueRed, chromaGreen;
+    Constant lumaStart, chromaStart;
 };
 
 }  // namespace orva::ORVA_ISA

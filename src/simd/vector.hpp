@@ -43,12 +43,25 @@ using Wide = Vec128;
 // Orders streamed stores before every later store.
 ORVA_INLINE void fence() { _mm_sfence(); }
 
-// A constant that was built at full width, at the width of V.
-template <class V> ORVA_INLINE V constant(const Wide& wide) {
-    if constexpr (V::lanes == Wide::lanes)
-        return wide;
-    else
-        return wide.firstLane();
-}
+// A vector whose lanes are alike, which never changes once it is made: assigning another one of the
+// same call's costs nothing.
+class Constant {
+public:
+    ORVA_INLINE Constant(Wide wide) : wide(wide) {}
+    ORVA_INLINE Constant(const Constant&) = default;
+    ORVA_INLINE Constant& operator=(const Constant&) { return *this; }
+
+    template <class V> ORVA_INLINE V as() const {
+        if constexpr (V::lanes == Wide::lanes)
+            return wide;
+        else
+            return wide.firstLane();
+    }
+
+private:
+    Wide wide;
+};
+
+template <class V> ORVA_INLINE V constant(const Constant& c) { return c.template as<V>(); }
 
 }  // namespace orva::ORVA_ISA

@@ -52,36 +52,35 @@ private:
 };
 
 template <class Reader, class Fourth, class Writer> struct Conversion {
-    template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
+    template <bool clamped> static void run(const Descriptor& d, Form form) {
         using Math = YuvToRgb<clamped, EvenLuma::wraps>;
-        walkRows<fast, Stores>(YuvToRgbJob<Reader, Fourth, Math, Writer>(d), d);
+        walkImage(YuvToRgbJob<Reader, Fourth, Math, Writer>(d), d, form);
     }
 };
 
-// A mode that reduces width and height by a factor. Only rows below 8 pixels are all head here.
+// A mode that reduces width and height by a factor, always by the general walk. Only rows below 8
+// pixels are all head here.
 template <uint32_t factor> struct Reduction {
     using Reader = ReducingReader<factor>;
     using Fourth = FourthWordsOfPairs;
 
-    template <bool clamped, bool, class Stores> static void run(const Descriptor& d) {
-        using Math = YuvToRgb<clamped, EvenLuma::isSigned>;
-        walkAnyWidth<Stores>(YuvToRgbJob<Reader, Fourth, Math, Bgr32Writer>(d),
-                             lineAddresses(d).rowCount, d.dstWidth, 8);
+    template <bool clamped> static void run(const Descriptor& d, Form form) {
+        YuvToRgbJob<Reader, Fourth, YuvToRgb<clamped, EvenLuma::isSigned>, Bgr32Writer> job(d);
+        walkAnyWidth(job, lineAddresses(d).rowCount, d.dstWidth, form.streaming, 8);
     }
 };
 
 template <class Reader, class Fourth>
-constexpr KernelSet toBgr32 = kernelSet<Clamping<Conversion<Reader, Fourth, Bgr32Writer>>>;
+constexpr Kernel toBgr32 = clamping<Conversion<Reader, Fourth, Bgr32Writer>>;
 
 template <class Reader>
-constexpr KernelSet toBgr24 = kernelSet<Clamping<Conversion<Reader, NoFourthWords, Bgr24Writer>>>;
+constexpr Kernel toBgr24 = clamping<Conversion<Reader, NoFourthWords, Bgr24Writer>>;
 
-// The modes are always the general kernel. The semi-planar export's read a single packed plane, as
-// UYVY16I's do; the header says so.
+// The modes of the semi-planar export read a single packed plane, as UYVY16I's do; the header says
+// so.
 template <class Reader>
-constexpr ModeTable toBgr32WithModes{{toBgr32<Reader, FourthWordsFromConstant>,
-                                      generalKernelSet<Clamping<Reduction<2>>>,
-                                      generalKernelSet<Clamping<Reduction<4>>>}};
+constexpr ModeTable toBgr32WithModes{
+    {toBgr32<Reader, FourthWordsFromConstant>, clamping<Reduction<2>>, clamping<Reduction<4>>}};
 
 }  // namespace
 

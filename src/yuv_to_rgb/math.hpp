@@ -72,17 +72,17 @@ private:
     }
 
     template <class V>
-    ORVA_INLINE V channel(const Yuv<V>& in, V even, V odd, const Wide& start,
-                          const Wide& gain) const {
+    ORVA_INLINE V channel(const Yuv<V>& in, V even, V odd, const Constant& start,
+                          const Constant& gain) const {
         const V chroma = maddAdd(constant<V>(start), in.chroma, constant<V>(gain));
         return mergeUpperHalves(maddAdd(chroma, even, constant<V>(evenGain)),
                                 maddAdd(chroma, odd, constant<V>(oddGain)));
     }
 
-    Wide offset;
-    Wide evenGain, oddGain;
-    Wide blueGain, greenGain, redGain;
-    Wide blueStart, greenStart, redStart;
+    Constant offset;
+    Constant evenGain, oddGain;
+    Constant blueGain, greenGain, redGain;
+    Constant blueStart, greenStart, redStart;
 };
 
 }  // namespace orva::ORVA_ISA

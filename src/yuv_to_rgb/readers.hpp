@@ -131,15 +131,14 @@ ORVA_INLINE Wide pairwiseConstant(const Descriptor& d) {
 class FourthWordsFromConstant {
 public:
     ORVA_INLINE explicit FourthWordsFromConstant(const Descriptor& d)
-        : block(Wide::all16(int16_t(d.alphaValue))), pair(pairwiseConstant(d).firstLane()) {}
+        : block(Wide::all16(int16_t(d.alphaValue))), pair(pairwiseConstant(d)) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(block); }
-    template <uint32_t> ORVA_INLINE Vec128 takePairs() { return pair; }
+    template <uint32_t> ORVA_INLINE Vec128 takePairs() { return constant<Vec128>(pair); }
     ORVA_INLINE void endRow() {}
 
 private:
-    Wide block;
-    Vec128 pair;
+    Constant block, pair;
 };
 
 // The constant as single pairs have it, in blocks as well: the reducing modes.
@@ -148,11 +147,11 @@ public:
     ORVA_INLINE explicit FourthWordsOfPairs(const Descriptor& d) : pairs(pairwiseConstant(d)) {}
 
     template <class V> ORVA_INLINE V take() { return constant<V>(pairs); }
-    template <uint32_t> ORVA_INLINE Vec128 takePairs() { return pairs.firstLane(); }
+    template <uint32_t> ORVA_INLINE Vec128 takePairs() { return constant<Vec128>(pairs); }
     ORVA_INLINE void endRow() {}
 
 private:
-    Wide pairs;
+    Constant pairs;
 };
 
 // The source's alpha plane. Blocks move the running pointer, single pairs do not: they read at

@@ -6,7 +6,7 @@
 using namespace orva;
 
 // With equal codes bytes are only moved.
-static void convert(const KernelSet& move, const KernelSet& matrix, const Descriptor* d) {
+static void convert(Kernel move, Kernel matrix, const Descriptor* d) {
     convert(d->srcColorSpace == d->dstColorSpace ? move : matrix, aligned::dst<16, 16>, d);
 }
 

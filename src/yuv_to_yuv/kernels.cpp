@@ -9,12 +9,13 @@
 namespace orva::ORVA_ISA {
 namespace {
 
-constexpr KernelSet copy = kernelSet<Move<PackedPairs, Unchanged, UnalignedLoads>>;
+constexpr Kernel copy = move<PackedPairs, Unchanged, UnalignedLoads>;
 
-constexpr KernelSet withGeneralOf(KernelSet fast, const KernelSet& general) {
-    fast.general = general.general;
-    fast.generalStreaming = general.generalStreaming;
-    return fast;
+// Between UYVY16I and UVYY16I, either way. Only the fast kernel reorders; the general one is the
+// plain copy, and hosts compare bytes.
+void swapMiddles(const Descriptor& d, Form form) {
+    const Kernel kernel = form.fast ? move<PackedPairs, MiddleBytesSwapped, UnalignedLoads> : copy;
+    kernel(d, form);
 }
 
 }  // namespace
@@ -23,16 +24,13 @@ extern const YuvToYuvKernels yuvToYuvKernels;
 constinit const YuvToYuvKernels yuvToYuvKernels{
     .copy = copy,
     // Loads its source aligned; the header says what callers therefore owe.
-    .byteSwap = kernelSet<Move<PackedPairs, BytesOfWordsSwapped, AlignedLoads>>,
-    // Between UYVY16I and UVYY16I, either way. Only the fast kernels reorder; the general ones are
-    // the plain copy, and hosts compare bytes.
-    .middleSwap =
-        withGeneralOf(kernelSet<Move<PackedPairs, MiddleBytesSwapped, UnalignedLoads>>, copy),
-    .split = kernelSet<Split<Uyvy>>,
-    .uyvyMatrix = kernelSet<Clamping<Matrix<Uyvy, Uyvy>>>,
-    .yuyvMatrix = kernelSet<Clamping<Matrix<Yuyv, Yuyv>>>,
-    .uyvyToYuyvMatrix = kernelSet<Clamping<Matrix<Uyvy, Yuyv>>>,
-    .yuyvToUyvyMatrix = kernelSet<Clamping<Matrix<Yuyv, Uyvy>>>,
+    .byteSwap = move<PackedPairs, BytesOfWordsSwapped, AlignedLoads>,
+    .middleSwap = swapMiddles,
+    .split = split<Uyvy>,
+    .uyvyMatrix = clamping<Matrix<Uyvy, Uyvy>>,
+    .yuyvMatrix = clamping<Matrix<Yuyv, Yuyv>>,
+    .uyvyToYuyvMatrix = clamping<Matrix<Uyvy, Yuyv>>,
+    .yuyvToUyvyMatrix = clamping<Matrix<Yuyv, Uyvy>>,
 };
 
 }  // namespace orva::ORVA_ISA

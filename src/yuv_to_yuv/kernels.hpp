@@ -7,15 +7,15 @@ namespace orva {
 
 struct YuvToYuvKernels {
     // The same matrix on both sides: bytes move.
-    KernelSet copy;
-    KernelSet byteSwap;
-    KernelSet middleSwap;
-    KernelSet split;
+    Kernel copy;
+    Kernel byteSwap;
+    Kernel middleSwap;
+    Kernel split;
     // From one matrix to the other.
-    KernelSet uyvyMatrix;
-    KernelSet yuyvMatrix;
-    KernelSet uyvyToYuyvMatrix;
-    KernelSet yuyvToUyvyMatrix;
+    Kernel uyvyMatrix;
+    Kernel yuyvMatrix;
+    Kernel uyvyToYuyvMatrix;
+    Kernel yuyvToUyvyMatrix;
 };
 
 }  // namespace orva

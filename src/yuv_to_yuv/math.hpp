@@ -50,7 +50,7 @@ private:
 
     // One word per pair with 8 fraction bits, saturated: those of the first halves, then the
     // second.
-    template <class V> ORVA_INLINE static V weighted(V first, V second, const Wide& weights) {
+    template <class V> ORVA_INLINE static V weighted(V first, V second, const Constant& weights) {
         return packWords(shiftRightSigned32<6>(madd16(first, constant<V>(weights))),
                          shiftRightSigned32<6>(madd16(second, constant<V>(weights))));
     }
@@ -76,7 +76,7 @@ private:
             return luma;
     }
 
-    Wide lumaWeights, cbWeights, crWeights;
+    Constant lumaWeights, cbWeights, crWeights;
 };
 
 }  // namespace orva::ORVA_ISA

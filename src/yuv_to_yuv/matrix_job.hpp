@@ -65,8 +65,8 @@ private:
 };
 
 template <class SourceLayout, class DestinationLayout> struct Matrix {
-    template <bool clamped, bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(MatrixJob<SourceLayout, DestinationLayout, clamped>(d), d);
+    template <bool clamped> static void run(const Descriptor& d, Form form) {
+        walkImage(MatrixJob<SourceLayout, DestinationLayout, clamped>(d), d, form);
     }
 };
 

@@ -58,10 +58,8 @@ private:
     DestinationPointer luma, chroma;
 };
 
-template <class Layout> struct Split {
-    template <bool fast, class Stores> static void run(const Descriptor& d) {
-        walkRows<fast, Stores>(SplitJob<Layout>(d), d);
-    }
-};
+template <class Layout> void split(const Descriptor& d, Form form) {
+    walkImage(SplitJob<Layout>(d), d, form);
+}
 
 }  // namespace orva::ORVA_ISA
