@@ -2,7 +2,9 @@
 #include "support/exports.hpp"
 #include "support/tables.hpp"
 
+#if !defined(__aarch64__)
 #include <xmmintrin.h>
+#endif
 
 namespace test {
 namespace {
@@ -30,6 +32,7 @@ template <class Call> void callEveryConversion(const Call& call) {
     }
 }
 
+#if !defined(__aarch64__)
 TEST(FloatingPointControl, IsKept) {
     const uint32_t kept = _mm_getcsr();
     // Everything masked, and nothing else as it is by default: rounding upwards, denormals as zero,
@@ -44,6 +47,7 @@ TEST(FloatingPointControl, IsKept) {
     });
     _mm_setcsr(kept);
 }
+#endif
 
 #if defined(__i386__)
 

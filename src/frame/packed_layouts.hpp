@@ -5,7 +5,7 @@
 // multiplied by 2^scale, which saves a shift where the arithmetic wants them larger.
 #pragma once
 
-#include "simd/vector.hpp"
+#include "simd/bytes.hpp"
 
 namespace orva::ORVA_ISA {
 

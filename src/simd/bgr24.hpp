@@ -10,16 +10,16 @@
 
 namespace orva::ORVA_ISA {
 
-#if defined(__SSSE3__)
+#if ORVA_SHUFFLES_BYTES
 
 // The first 12 bytes of each lane to 4 pixels, and 4 pixels to the first 12 bytes.
 template <class V> ORVA_INLINE V widen24(V bytes) {
     return shuffleBytes(
-        bytes, V::repeat(_mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1)));
+        bytes, V::repeat(Vec128::of8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1)));
 }
 template <class V> ORVA_INLINE V narrow24(V pixels) {
     return shuffleBytes(
-        pixels, V::repeat(_mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1)));
+        pixels, V::repeat(Vec128::of8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1)));
 }
 
 #else
@@ -35,11 +35,11 @@ ORVA_INLINE Vec128 widen24(Vec128 bytes) {
 
 ORVA_INLINE Vec128 loadFront24(const uint8_t* p, Vec128) { return widen24(Vec128::load(p)); }
 ORVA_INLINE Vec128 loadBack24(const uint8_t* p, Vec128) {
-    return widen24(Vec128{_mm_srli_si128(Vec128::load(p - 4).v, 4)});
+    return widen24(bytesDown<4>(Vec128::load(p - 4)));
 }
 
 // 16 * lanes pixels.
-#if defined(__SSSE3__)
+#if ORVA_SHUFFLES_BYTES
 template <class V> ORVA_INLINE Twelves<V> pack24(V a, V b, V c, V d) {
     return joinTwelves(narrow24(a), narrow24(b), narrow24(c), narrow24(d));
 }

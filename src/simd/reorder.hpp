@@ -9,12 +9,12 @@ class Reorder {
 public:
     // Byte k of each dword becomes what byte order[k] was.
     ORVA_INLINE explicit Reorder(const uint8_t (&order)[4]) {
-#if defined(__SSSE3__)
+#if ORVA_SHUFFLES_BYTES
         uint32_t pattern = 0;
         for (uint32_t k = 0; k < 4; ++k)
             pattern |= uint32_t(order[k]) << (8 * k);
-        shuffle = Wide::repeat(_mm_add_epi32(
-            _mm_set1_epi32(int(pattern)), _mm_setr_epi32(0, 0x04040404, 0x08080808, 0x0C0C0C0C)));
+        shuffle = add32(Wide::all32(pattern),
+                        Wide::repeat(Vec128::of32(0, 0x04040404, 0x08080808, 0x0C0C0C0C)));
 #else
         for (uint32_t k = 0; k < 4; ++k)
             from[k] = _mm_cvtsi32_si128(8 * order[k]);
@@ -22,7 +22,7 @@ public:
     }
 
     ORVA_INLINE Wide operator()(Wide dwords) const {
-#if defined(__SSSE3__)
+#if ORVA_SHUFFLES_BYTES
         return shuffleBytes(dwords, shuffle);
 #else
         return part<0>(dwords) | part<1>(dwords) | part<2>(dwords) | part<3>(dwords);
@@ -30,7 +30,7 @@ public:
     }
 
 private:
-#if defined(__SSSE3__)
+#if ORVA_SHUFFLES_BYTES
     Wide shuffle;
 #else
     template <int k> ORVA_INLINE Vec128 part(Vec128 dwords) const {

@@ -12,18 +12,13 @@ template <class V> struct TwelvesInLanes { V a, b, c, d; };
 // The bytes to join may begin a little later in each vector.
 template <int before = 0>
 ORVA_INLINE Twelves<Vec128> joinTwelves(Vec128 a, Vec128 b, Vec128 c, Vec128 d) {
-    return {
-        {_mm_or_si128(_mm_srli_si128(a.v, before), _mm_slli_si128(b.v, 12 - before))},
-        {_mm_or_si128(_mm_srli_si128(b.v, 4 + before), _mm_slli_si128(c.v, 8 - before))},
-        {_mm_or_si128(_mm_srli_si128(c.v, 8 + before), _mm_slli_si128(d.v, 4 - before))},
-    };
+    return {bytesDown<before>(a) | bytesUp<12 - before>(b),
+            bytesDown<4 + before>(b) | bytesUp<8 - before>(c),
+            bytesDown<8 + before>(c) | bytesUp<4 - before>(d)};
 }
 ORVA_INLINE TwelvesInLanes<Vec128> spreadTwelves(const Twelves<Vec128>& in) {
-    const __m128i first = in.first.v, second = in.second.v, third = in.third.v;
-    return {{first},
-            {_mm_or_si128(_mm_srli_si128(first, 12), _mm_slli_si128(second, 4))},
-            {_mm_or_si128(_mm_srli_si128(second, 8), _mm_slli_si128(third, 8))},
-            {_mm_srli_si128(third, 4)}};
+    return {in.first, bytesDown<12>(in.first) | bytesUp<4>(in.second),
+            bytesDown<8>(in.second) | bytesUp<8>(in.third), bytesDown<4>(in.third)};
 }
 
 #if defined(__AVX512BW__)

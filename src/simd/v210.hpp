@@ -12,17 +12,17 @@ namespace orva::ORVA_ISA {
 // Of each lane, the first 12 bytes: six words of either kind, chroma as Cb Cr pairs.
 template <class V> struct TenBitLanes { V luma, chroma; };
 
-#if defined(__SSSE3__)
+#if ORVA_SHUFFLES_BYTES
 
 template <class V> ORVA_INLINE TenBitLanes<V> unpackTenBits(V dwords) {
     // Every sample lies within two bytes, its lowest bit at 0, 2 or 4. A multiplication moves all
     // to the top of their words, where nothing is above them.
     const V luma = shuffleBytes(
-        dwords, V::repeat(_mm_setr_epi8(1, 2, 4, 5, 6, 7, 9, 10, 12, 13, 14, 15, -1, -1, -1, -1)));
+        dwords, V::repeat(Vec128::of8(1, 2, 4, 5, 6, 7, 9, 10, 12, 13, 14, 15, -1, -1, -1, -1)));
     const V chroma = shuffleBytes(
-        dwords, V::repeat(_mm_setr_epi8(0, 1, 2, 3, 5, 6, 8, 9, 10, 11, 13, 14, -1, -1, -1, -1)));
-    const V lumaUp = V::repeat(_mm_setr_epi16(16, 64, 4, 16, 64, 4, 0, 0));
-    const V chromaUp = V::repeat(_mm_setr_epi16(64, 4, 16, 64, 4, 16, 0, 0));
+        dwords, V::repeat(Vec128::of8(0, 1, 2, 3, 5, 6, 8, 9, 10, 11, 13, 14, -1, -1, -1, -1)));
+    const V lumaUp = V::repeat(Vec128::of16(16, 64, 4, 16, 64, 4, 0, 0));
+    const V chromaUp = V::repeat(Vec128::of16(64, 4, 16, 64, 4, 16, 0, 0));
     return {shiftRight16<6>(multiply16(luma, lumaUp)),
             shiftRight16<6>(multiply16(chroma, chromaUp))};
 }
@@ -30,11 +30,11 @@ template <class V> ORVA_INLINE TenBitLanes<V> unpackTenBits(V dwords) {
 // The samples must be below 1024.
 template <class V> ORVA_INLINE V packTenBits(const TenBitLanes<V>& samples) {
     // The outer samples of chroma's and luma's dwords in turn, and the middle ones of the others.
-    const V luma = shuffleBytes(samples.luma, V::repeat(_mm_setr_epi8(0, 1, -1, -1, 2, 3, 4, 5, 6,
-                                                                      7, -1, -1, 8, 9, 10, 11)));
-    const V chroma = shuffleBytes(
-        samples.chroma,
-        V::repeat(_mm_setr_epi8(0, 1, 2, 3, 4, 5, -1, -1, 6, 7, 8, 9, 10, 11, -1, -1)));
+    const V luma = shuffleBytes(
+        samples.luma, V::repeat(Vec128::of8(0, 1, -1, -1, 2, 3, 4, 5, 6, 7, -1, -1, 8, 9, 10, 11)));
+    const V chroma =
+        shuffleBytes(samples.chroma,
+                     V::repeat(Vec128::of8(0, 1, 2, 3, 4, 5, -1, -1, 6, 7, 8, 9, 10, 11, -1, -1)));
     const V outer = alternateDwords(chroma, luma), middle = alternateDwords(luma, chroma);
     return multiply16(outer, V::all32(1 | 16 << 16)) | shiftLeft32<10>(middle);
 }

@@ -1,5 +1,8 @@
-// One 128-bit lane: the vector of the SSE2 table, and of single blocks and row ends in every table.
+// One 128-bit lane: the vector of the SSE tables, and of single blocks and row ends in every table
+// of x86.
 #pragma once
+
+#include <immintrin.h>
 
 namespace orva::ORVA_ISA {
 
@@ -13,10 +16,18 @@ struct Vec128 {
     ORVA_INLINE static Vec128 all8(uint8_t value) { return {_mm_set1_epi8(char(value))}; }
     ORVA_INLINE static Vec128 all16(int value) { return {_mm_set1_epi16(short(value))}; }
     ORVA_INLINE static Vec128 all32(uint32_t value) { return {_mm_set1_epi32(int(value))}; }
-    ORVA_INLINE static Vec128 repeat(__m128i lane) { return {lane}; }
-
+    ORVA_INLINE static Vec128 repeat(Vec128 lane) { return lane; }
+    template <class... Byte> ORVA_INLINE static Vec128 of8(Byte... bytes) {
+        return {_mm_setr_epi8(char(bytes)...)};
+    }
+    template <class... Word> ORVA_INLINE static Vec128 of16(Word... words) {
+        return {_mm_setr_epi16(short(words)...)};
+    }
+    template <class... Dword> ORVA_INLINE static Vec128 of32(Dword... dwords) {
+        return {_mm_setr_epi32(int(dwords)...)};
+    }
     ORVA_INLINE static Vec128 alternating32(uint32_t even, uint32_t odd) {
-        return {_mm_setr_epi32(int(even), int(odd), int(even), int(odd))};
+        return of32(even, odd, even, odd);
     }
 
     ORVA_INLINE static Vec128 load(const uint8_t* p) {
@@ -116,23 +127,21 @@ struct Vec128 {
 #undef V
 #undef MM
 
-// Dwords 0 and 2 of a, then of b, lane by lane.
+// All bytes moved by some places, down to lower addresses or up; zero comes after them.
+template <int bytes> ORVA_INLINE Vec128 bytesDown(Vec128 a) { return {_mm_srli_si128(a.v, bytes)}; }
+template <int bytes> ORVA_INLINE Vec128 bytesUp(Vec128 a) { return {_mm_slli_si128(a.v, bytes)}; }
+
+// Dwords 0 and 2, or 1 and 3, of a, then of b, lane by lane.
 ORVA_INLINE Vec128 evenDwords(Vec128 a, Vec128 b) {
     return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0x88))};
 }
 
-// In memory order, the dwords with even or odd numbers of a and then b.
-ORVA_INLINE Vec128 everyEvenDword(Vec128 a, Vec128 b) { return evenDwords(a, b); }
-ORVA_INLINE Vec128 everyOddDword(Vec128 a, Vec128 b) {
+ORVA_INLINE Vec128 oddDwords(Vec128 a, Vec128 b) {
     return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0xDD))};
 }
 
-// In memory order, the dword behind each of a's, with the last repeated; and the one before each,
-// with the last of `earlier` first.
+// The dword behind each of a's, with the last repeated.
 ORVA_INLINE Vec128 nextDwords(Vec128 a) { return {_mm_shuffle_epi32(a.v, 0xF9)}; }
-ORVA_INLINE Vec128 previousDwords(Vec128 earlier, Vec128 a) {
-    return {_mm_or_si128(_mm_slli_si128(a.v, 4), _mm_srli_si128(earlier.v, 12))};
-}
 
 // The even dwords of one, the odd ones of the other.
 ORVA_INLINE Vec128 alternateDwords(Vec128 even, Vec128 odd) {
@@ -153,14 +162,9 @@ ORVA_INLINE Vec128 mergeUpperHalves(Vec128 even, Vec128 odd) {
 #endif
 }
 
-// With one lane every order below is the memory's own; the wide types say what these mean.
-ORVA_INLINE Vec128 spreadHalves(Vec128 a) { return a; }
-ORVA_INLINE Vec128 groupHalves(Vec128 a) { return a; }
-ORVA_INLINE Vec128 spreadQuarters(Vec128 a) { return a; }
-ORVA_INLINE Vec128 groupQuarters(Vec128 a) { return a; }
-ORVA_INLINE Vec128 evenLanes(Vec128 a, Vec128) { return a; }
-ORVA_INLINE Vec128 oddLanes(Vec128, Vec128 b) { return b; }
-ORVA_INLINE Vec128 zipLanesLow(Vec128 a, Vec128) { return a; }
-ORVA_INLINE Vec128 zipLanesHigh(Vec128, Vec128 b) { return b; }
+// Orders streamed stores before every later store.
+ORVA_INLINE void fence() { _mm_sfence(); }
 
 }  // namespace orva::ORVA_ISA
+
+#include "simd/one_lane.hpp"

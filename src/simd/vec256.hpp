@@ -13,10 +13,9 @@ struct Vec256 {
     ORVA_INLINE static Vec256 all8(uint8_t value) { return {_mm256_set1_epi8(char(value))}; }
     ORVA_INLINE static Vec256 all16(int value) { return {_mm256_set1_epi16(short(value))}; }
     ORVA_INLINE static Vec256 all32(uint32_t value) { return {_mm256_set1_epi32(int(value))}; }
-    ORVA_INLINE static Vec256 repeat(__m128i lane) { return {_mm256_broadcastsi128_si256(lane)}; }
-
+    ORVA_INLINE static Vec256 repeat(Vec128 lane) { return {_mm256_broadcastsi128_si256(lane.v)}; }
     ORVA_INLINE static Vec256 alternating32(uint32_t even, uint32_t odd) {
-        return repeat(Vec128::alternating32(even, odd).v);
+        return repeat(Vec128::alternating32(even, odd));
     }
 
     ORVA_INLINE static Vec256 load(const uint8_t* p) {
@@ -71,6 +70,10 @@ ORVA_INLINE Vec256 evenDwords(Vec256 a, Vec256 b) {
     return {_mm256_castps_si256(
         _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88))};
 }
+ORVA_INLINE Vec256 oddDwords(Vec256 a, Vec256 b) {
+    return {_mm256_castps_si256(
+        _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD))};
+}
 
 ORVA_INLINE Vec256 nextDwords(Vec256 a) {
     return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 7))};
@@ -100,10 +103,7 @@ ORVA_INLINE Vec256 groupQuarters(Vec256 a) {
 }
 
 ORVA_INLINE Vec256 everyEvenDword(Vec256 a, Vec256 b) { return groupHalves(evenDwords(a, b)); }
-ORVA_INLINE Vec256 everyOddDword(Vec256 a, Vec256 b) {
-    return groupHalves(Vec256{_mm256_castps_si256(
-        _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD))});
-}
+ORVA_INLINE Vec256 everyOddDword(Vec256 a, Vec256 b) { return groupHalves(oddDwords(a, b)); }
 
 // Of the lanes of a and then b in memory order, those with even or odd numbers; and the way back.
 ORVA_INLINE Vec256 evenLanes(Vec256 a, Vec256 b) {

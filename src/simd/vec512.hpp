@@ -13,10 +13,9 @@ struct Vec512 {
     ORVA_INLINE static Vec512 all8(uint8_t value) { return {_mm512_set1_epi8(char(value))}; }
     ORVA_INLINE static Vec512 all16(int value) { return {_mm512_set1_epi16(short(value))}; }
     ORVA_INLINE static Vec512 all32(uint32_t value) { return {_mm512_set1_epi32(int(value))}; }
-    ORVA_INLINE static Vec512 repeat(__m128i lane) { return {_mm512_broadcast_i32x4(lane)}; }
-
+    ORVA_INLINE static Vec512 repeat(Vec128 lane) { return {_mm512_broadcast_i32x4(lane.v)}; }
     ORVA_INLINE static Vec512 alternating32(uint32_t even, uint32_t odd) {
-        return repeat(Vec128::alternating32(even, odd).v);
+        return repeat(Vec128::alternating32(even, odd));
     }
 
     ORVA_INLINE static Vec512 load(const uint8_t* p) { return {_mm512_loadu_si512(p)}; }

@@ -18,16 +18,26 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <immintrin.h>
 
 #define ORVA_INLINE [[gnu::always_inline]] inline
 
+#if defined(__ARM_NEON)
+#include "simd/neon.hpp"
+#else
 #include "simd/vec128.hpp"
+#endif
 
 #if defined(__AVX512BW__)
 #include "simd/vec512.hpp"
 #elif defined(__AVX2__)
 #include "simd/vec256.hpp"
+#endif
+
+// Whether there is shuffleBytes.
+#if defined(__SSSE3__) || defined(__ARM_NEON)
+#define ORVA_SHUFFLES_BYTES 1
+#else
+#define ORVA_SHUFFLES_BYTES 0
 #endif
 
 namespace orva::ORVA_ISA {
@@ -39,9 +49,6 @@ using Wide = Vec256;
 #else
 using Wide = Vec128;
 #endif
-
-// Orders streamed stores before every later store.
-ORVA_INLINE void fence() { _mm_sfence(); }
 
 // A vector whose lanes are alike, which never changes once it is made: assigning another one of the
 // same call's costs nothing.
