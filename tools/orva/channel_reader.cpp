@@ -5,9 +5,9 @@
 
 namespace orva::tool {
 
-ChannelReader::ChannelReader(const std::string& name, Format format, std::optional<FrameSize> size)
-    : reader(openFrames(name, format, size)), image(createImage(format, reader->size())),
-      plain(createImage(plainFormat(format), reader->size())) {}
+ChannelReader::ChannelReader(const std::string& name, const InputSettings& settings)
+    : reader(openFrames(name, settings)), image(createImage(format(), size())),
+      plain(createImage(plainFormat(format()), size())) {}
 
 bool ChannelReader::next() {
     if (!reader->next(image.view())) {

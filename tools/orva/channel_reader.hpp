@@ -8,8 +8,9 @@ namespace orva::tool {
 
 class ChannelReader {
 public:
-    ChannelReader(const std::string& name, Format format, std::optional<FrameSize> size);
+    ChannelReader(const std::string& name, const InputSettings& settings);
 
+    Format format() const { return reader->format(); }
     FrameSize size() const { return reader->size(); }
 
     // Goes on to the next frame; false behind the last one.

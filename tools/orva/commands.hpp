@@ -10,11 +10,19 @@
 
 namespace orva::tool {
 
+// How OUT is written, where the user says it.
+struct OutputChoice {
+    std::optional<FileKind> kind;
+    std::optional<std::string> rate;
+};
+
 struct ConvertArguments {
-    Format from = Format::BGR32I;
+    InputSettings in;
     Format to = Format::BGR32I;
-    std::optional<FrameSize> size;
-    Options options;
+    OutputChoice out;
+    Options options;                // but for the ranges
+    std::optional<Range> srcRange;  // else what a Y4M input says, or studio range
+    std::optional<Range> dstRange;  // the same
     unsigned threads = 1;
     bool stats = false;
     std::string input;
@@ -30,20 +38,19 @@ struct PatternArguments {
     std::uint32_t frames = 1;
     Matrix matrix = Matrix::bt709;
     Range range = Range::studio;
+    OutputChoice out;
     std::string output;
 };
 void runPattern(const PatternArguments& arguments);
 
 struct InfoArguments {
-    Format format = Format::BGR32I;
-    std::optional<FrameSize> size;
+    InputSettings in;
     std::string file;
 };
 void runInfo(const InfoArguments& arguments);
 
 struct CompareArguments {
-    Format format = Format::BGR32I;
-    std::optional<FrameSize> size;
+    InputSettings in;  // of both files
     std::optional<double> minimumPsnr;
     std::string first;
     std::string second;

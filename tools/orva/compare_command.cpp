@@ -38,9 +38,13 @@ struct Difference {
 }  // namespace
 
 void runCompare(const CompareArguments& arguments) {
-    ChannelReader first(arguments.first, arguments.format, arguments.size);
-    ChannelReader second(arguments.second, arguments.format, first.size());
-    const auto channels = channelsOf(arguments.format);
+    ChannelReader first(arguments.first, arguments.in);
+    const Format format = first.format();
+    InputSettings same = arguments.in;
+    same.format = format;
+    same.size = first.size();
+    ChannelReader second(arguments.second, same);
+    const auto channels = channelsOf(format);
     std::array<Difference, 4> differences = {};
     for (;;) {
         const bool more = first.next();
@@ -61,7 +65,7 @@ void runCompare(const CompareArguments& arguments) {
             }
         }
     }
-    const double peak = (1 << formatInfo(arguments.format).bits) - 1;
+    const double peak = (1 << formatInfo(format).bits) - 1;
     double least = std::numeric_limits<double>::infinity();
     for (std::size_t c = 0; c < channels.size(); ++c) {
         const double psnr = differences[c].psnr(peak);

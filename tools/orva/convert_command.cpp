@@ -2,6 +2,7 @@
 #include "commands.hpp"
 #include "failure.hpp"
 #include "progress.hpp"
+#include "raw_frames.hpp"
 
 #include <chrono>
 #include <cstdio>
@@ -49,18 +50,30 @@ void printStats(std::uint64_t frames, Clock::duration converting, Clock::duratio
 }  // namespace
 
 void runConvert(const ConvertArguments& arguments) {
-    const auto& [from, to, wantedSize, options, threads, stats, input, output] = arguments;
+    const auto& [in, to, out, chosen, srcRange, dstRange, threads, stats, input, output] =
+        arguments;
+    InputSettings settings = in;
+    settings.greyIsColour = to != Format::A8P;
+    const auto reader = openFrames(input, settings);
+    const Format from = reader->format();
     if (!canConvert(from, to)) {
         throw Failure("there is no conversion from " + std::string(formatInfo(from).name) + " to " +
                       std::string(formatInfo(to).name) + "; 'orva formats' tells which there are");
     }
-    const auto reader = openFrames(input, from, wantedSize);
     const FrameSize size = reader->size();
+    ClipProperties properties = reader->properties();
+    // A user who names IN's range says that its file is wrong about it.
+    const Range usual = srcRange ? Range::studio : properties.range.value_or(Range::studio);
+    Options options = chosen;
+    options.srcRange = srcRange.value_or(usual);
+    options.dstRange = dstRange.value_or(usual);
+    properties.range = options.dstRange;
+
     std::vector<Slot> slots;
     for (unsigned i = 0; i < threads; ++i) {
         slots.push_back({createImage(from, size), createImage(to, size), {}});
     }
-    const auto writer = createFrames(output, to);
+    const auto writer = createFrames(output, {to, size, properties, out.rate, out.kind});
 
     Progress progress(reader->count());
     std::uint64_t frames = 0;

@@ -4,6 +4,7 @@
 #include "failure.hpp"
 #include "unfinished.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <random>
@@ -70,11 +71,22 @@ InputFile::InputFile(const std::string& name) : shownName(name) {
 }
 
 std::size_t InputFile::read(std::span<std::byte> bytes) {
+    const std::size_t before = std::min(bytes.size(), peeked.size());
+    std::copy_n(peeked.begin(), before, bytes.begin());
+    peeked.erase(peeked.begin(), peeked.begin() + static_cast<std::ptrdiff_t>(before));
+    bytes = bytes.subspan(before);
     const std::size_t count = std::fread(bytes.data(), 1, bytes.size(), file.get());
     if (count < bytes.size() && std::ferror(file.get())) {
         fail(shownName, "cannot be read");
     }
-    return count;
+    return before + count;
+}
+
+std::span<const std::byte> InputFile::peek(std::size_t count) {
+    std::vector<std::byte> next(count);
+    next.resize(read(next));
+    peeked.insert(peeked.begin(), next.begin(), next.end());
+    return peeked;
 }
 
 OutputFile::OutputFile(const std::string& name) : shownName(name) {

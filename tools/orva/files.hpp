@@ -10,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace orva::tool {
 
@@ -26,8 +27,10 @@ public:
     // Fills as much of `bytes` as the file still holds and returns how much that was.
     std::size_t read(std::span<std::byte> bytes);
 
+    // The next bytes, `count` of them or all that are left, which stay to be read.
+    std::span<const std::byte> peek(std::size_t count);
+
     const std::string& name() const { return shownName; }
-    std::FILE* stream() const { return file.get(); }
 
     // Of a regular file.
     std::optional<std::uint64_t> size() const { return fileSize; }
@@ -35,6 +38,7 @@ public:
 private:
     std::string shownName;
     FileHandle file;
+    std::vector<std::byte> peeked;  // not yet read
     std::optional<std::uint64_t> fileSize;
 };
 
@@ -52,7 +56,6 @@ public:
     void commit();
 
     const std::string& name() const { return shownName; }
-    std::FILE* stream() const { return file.get(); }
 
 private:
     std::string shownName;

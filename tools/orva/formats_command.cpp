@@ -1,5 +1,6 @@
 // orva formats: which formats and conversions there are.
 #include "commands.hpp"
+#include "raw_frames.hpp"
 
 #include <cstdio>
 

@@ -1,7 +1,8 @@
-// Frames in files: raw clips, in which planes and rows follow one another (main, chroma, Cr, alpha)
-// without gaps but in V210, whose rows are multiples of 128 bytes, and pictures of one frame.
+// Frames in files: raw clips, Y4M clips and pictures, which may be numbered. The commands read and
+// write them alike.
 #pragma once
 
+#include "file_kind.hpp"
 #include "images.hpp"
 
 #include <orva/convert.hpp>
@@ -16,25 +17,46 @@ namespace orva::tool {
 // Whether files hold the format: a constant has no planes.
 bool inFiles(Format format);
 
-// Bytes of a frame in a raw file; fails if they are too many to count.
-std::uint64_t rawFrameBytes(Format format, FrameSize size);
+// What a file may say about its clip besides format and size. Texts are those of a Y4M header, and
+// empty where nothing is known.
+struct ClipProperties {
+    std::string rate;         // frames a second, "30000:1001"
+    std::string interlacing;  // "p", "t", "b", "m" or "?"
+    std::string aspect;       // of a pixel, "1:1"
+    std::optional<Range> range;
+    std::uint64_t firstNumber = 1;  // of numbered pictures
+};
 
 class FrameReader {
 public:
     virtual ~FrameReader() = default;
 
+    virtual Format format() const = 0;
     virtual FrameSize size() const = 0;
+    virtual ClipProperties properties() const { return {}; }
 
     // How many frames there are, where that can be known.
     virtual std::optional<std::uint64_t> count() const = 0;
 
-    // Reads the next frame, of the reader's format and size; false behind the last one.
+    // Reads the next frame into an image of the reader's format and size; false behind the last
+    // one.
     virtual bool next(const ImageView& image) = 0;
 };
 
-// A picture brings its own size; a raw file needs one.
-std::unique_ptr<FrameReader> openFrames(const std::string& name, Format format,
-                                        std::optional<FrameSize> size);
+// What the user says about an input. Raw frames need a format and a size, other files have their
+// own, which these must not contradict.
+struct InputSettings {
+    std::optional<Format> format;
+    std::optional<FrameSize> size;
+    std::optional<std::uint64_t> start;     // number of the first picture: 0 or, without that, 1
+    std::optional<std::uint64_t> frames;    // read no more
+    std::string formatOption = "--format";  // what sets the format, for messages
+    bool greyIsColour = false;              // a grey picture is RGB24I, not A8P, without a format
+};
+
+// "-" is standard input. A picture's name may hold the frame's number (numbered_name.hpp), unless
+// there is a file of just this name.
+std::unique_ptr<FrameReader> openFrames(const std::string& name, const InputSettings& settings);
 
 class FrameWriter {
 public:
@@ -49,8 +71,15 @@ public:
     virtual void commit() {}
 };
 
-// A picture's name may hold %d or %04d, which becomes the number of the frame, from 1 on; a picture
-// whose name holds neither keeps the first frame only.
-std::unique_ptr<FrameWriter> createFrames(const std::string& name, Format format);
+struct OutputSettings {
+    Format format = Format::BGR32I;
+    FrameSize size;
+    ClipProperties properties;
+    std::optional<std::string> rate;  // instead of that of the properties, in Y4M only
+    std::optional<FileKind> kind;     // else as the name says
+};
+
+// A picture whose name holds no number keeps the first frame only.
+std::unique_ptr<FrameWriter> createFrames(const std::string& name, const OutputSettings& settings);
 
 }  // namespace orva::tool

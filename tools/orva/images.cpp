@@ -2,6 +2,7 @@
 #include "images.hpp"
 
 #include "failure.hpp"
+#include "memory.hpp"
 
 #include <utility>
 
@@ -15,10 +16,17 @@ std::string frameText(Format format, FrameSize size) {
     return std::string(formatInfo(format).name) + " of " + sizeText(size);
 }
 
+void failTooLarge(Format format, FrameSize size) {
+    throw Failure(frameText(format, size) + ": is too large for this machine's memory");
+}
+
 Image createImage(Format format, FrameSize size) {
+    if (frameBytes(format, size.width, size.height) > physicalMemory() / 2) {
+        failTooLarge(format, size);
+    }
     std::optional<Image> image = Image::create(format, size.width, size.height);
     if (!image) {
-        throw Failure(frameText(format, size) + ": is too large");
+        failTooLarge(format, size);
     }
     return std::move(*image);
 }

@@ -12,11 +12,17 @@ namespace orva::tool {
 struct FrameSize {
     std::uint32_t width = 0;
     std::uint32_t height = 0;
+
+    bool operator==(const FrameSize&) const = default;
 };
 
 std::string sizeText(FrameSize size);
 std::string frameText(Format format, FrameSize size);
 
+[[noreturn]] void failTooLarge(Format format, FrameSize size);
+
+// Fails before any memory is taken if it is more than half of what the machine has: a conversion
+// needs two images.
 Image createImage(Format format, FrameSize size);
 
 void convertImage(const ConstImageView& source, const ImageView& destination,

@@ -41,9 +41,9 @@ void print(const Channel& channel, const Histogram& counts, int bits) {
 }  // namespace
 
 void runInfo(const InfoArguments& arguments) {
-    ChannelReader reader(arguments.file, arguments.format, arguments.size);
-    const FormatInfo& info = formatInfo(arguments.format);
-    const auto channels = channelsOf(arguments.format);
+    ChannelReader reader(arguments.file, arguments.in);
+    const FormatInfo info = formatInfo(reader.format());
+    const auto channels = channelsOf(info.format);
     std::vector<Histogram> histograms(channels.size(), Histogram(std::size_t{1} << info.bits));
     std::uint64_t frames = 0;
     for (; reader.next(); ++frames) {

@@ -2,13 +2,14 @@
 // options and arguments there are.
 #include "commands.hpp"
 #include "failure.hpp"
+#include "header.hpp"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <exception>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -21,7 +22,7 @@ constexpr int failureStatus = 2;
 
 // Options that several commands share. Each reads its text into a value or says what is wrong.
 
-void parseFormat(const std::string& text, Format& format) {
+Format parseFormat(const std::string& text) {
     const auto named = formatNamed(text);
     if (!named) {
         throw CLI::ValidationError("unknown format '" + text + "'; 'orva formats' lists them");
@@ -29,48 +30,74 @@ void parseFormat(const std::string& text, Format& format) {
     if (!inFiles(*named)) {
         throw CLI::ValidationError(text + " has no planes, so no file holds it");
     }
-    format = *named;
+    return *named;
 }
 
-void parseSize(const std::string& text, FrameSize& size) {
-    const char* const end = text.data() + text.size();
-    const auto [x, widthError] = std::from_chars(text.data(), end, size.width);
-    if (widthError == std::errc{} && x != end && *x == 'x') {
-        const auto [rest, heightError] = std::from_chars(x + 1, end, size.height);
-        if (heightError == std::errc{} && rest == end && size.width > 0 && size.height > 0) {
-            return;
-        }
+FrameSize parseSize(const std::string& text) {
+    const std::size_t x = std::min(text.find('x'), text.size());
+    const FrameSize size = {wholeNumber(text.substr(0, x)).value_or(0),
+                            wholeNumber(text.substr(std::min(x + 1, text.size()))).value_or(0)};
+    if (size.width == 0 || size.height == 0) {
+        throw CLI::ValidationError("'" + text + "' is not a size such as 1920x1080");
     }
-    throw CLI::ValidationError("'" + text + "' is not a size such as 1920x1080");
+    return size;
 }
 
-CLI::Option* addFormat(CLI::App* command, const std::string& name, Format& format,
+// The value is a Format or an optional one, and the same with sizes.
+template <class Value>
+CLI::Option* addFormat(CLI::App* command, const std::string& name, Value& format,
                        const std::string& what) {
     return command
         ->add_option_function<std::string>(
-            name, [&format](const std::string& text) { parseFormat(text, format); }, what)
+            name, [&format](const std::string& text) { format = parseFormat(text); }, what)
         ->type_name("FORMAT");
 }
 
-template <class Size> CLI::Option* addSize(CLI::App* command, Size& size, const std::string& what) {
+template <class Value>
+CLI::Option* addSize(CLI::App* command, Value& size, const std::string& what) {
     return command
         ->add_option_function<std::string>(
-            "--size",
-            [&size](const std::string& text) {
-                FrameSize parsed;
-                parseSize(text, parsed);
-                size = parsed;
-            },
-            what)
+            "--size", [&size](const std::string& text) { size = parseSize(text); }, what)
         ->type_name("WxH");
+}
+
+// Frames a second as a Y4M header has them, "N:D".
+std::string parseRate(const std::string& text) {
+    const std::size_t end = std::min(text.find_first_of(":/"), text.size());
+    const auto number = wholeNumber(text.substr(0, end));
+    const auto divisor = end < text.size() ? wholeNumber(text.substr(end + 1)) : 1;
+    if (number.value_or(0) == 0 || divisor.value_or(0) == 0) {
+        throw CLI::ValidationError("'" + text + "' is not a rate such as 25 or 30000:1001");
+    }
+    return std::to_string(*number) + ":" + std::to_string(*divisor);
+}
+
+void addOutput(CLI::App* command, OutputChoice& choice) {
+    command
+        ->add_option_function<std::string>(
+            "--rate", [&choice](const std::string& text) { choice.rate = parseRate(text); },
+            "Frames a second of a Y4M OUT (those of a Y4M IN, or 25)")
+        ->type_name("N[:D]");
+    command
+        ->add_option_function<std::string>(
+            "--as",
+            [&choice](const std::string& text) {
+                choice.kind = kindNamed(text);
+                if (!choice.kind) {
+                    throw CLI::ValidationError("--as is one of raw|y4m|png|ppm|pgm|pam, not '" +
+                                               text + "'");
+                }
+            },
+            "Kind of file that OUT is, whatever its name")
+        ->type_name("KIND");
 }
 
 template <class Value> using Choices = std::vector<std::pair<std::string, Value>>;
 
 // One of several words, which goes to every target.
-template <class Value>
+template <class Value, class Target = Value>
 CLI::Option* addChoice(CLI::App* command, const std::string& name, const Choices<Value>& choices,
-                       std::vector<Value*> targets, const std::string& what) {
+                       std::vector<Target*> targets, const std::string& what) {
     std::string words;
     for (const auto& [word, value] : choices) {
         words += (words.empty() ? "" : "|") + word;
@@ -85,7 +112,7 @@ CLI::Option* addChoice(CLI::App* command, const std::string& name, const Choices
                     throw CLI::ValidationError(name + " is one of " + words + ", not '" + text +
                                                "'");
                 }
-                for (Value* target : targets) {
+                for (Target* target : targets) {
                     *target = found->second;
                 }
             },
@@ -94,21 +121,23 @@ CLI::Option* addChoice(CLI::App* command, const std::string& name, const Choices
 }
 
 // --src-NAME of a YCbCr IN, --dst-NAME of a YCbCr OUT, --NAME of both.
-template <class Value>
+template <class Value, class Target>
 void addForBoth(CLI::App* command, const std::string& name, const Choices<Value>& choices,
-                Value& source, Value& destination, const std::string& what,
+                Target& source, Target& destination, const std::string& what,
                 const std::string& usual) {
     const std::string src = "--src-" + name, dst = "--dst-" + name;
-    addChoice(command, src, choices, {&source}, what + " of a YCbCr IN (" + usual + ")");
-    addChoice(command, dst, choices, {&destination}, what + " of a YCbCr OUT (" + usual + ")");
-    addChoice(command, "--" + name, choices, {&source, &destination}, what + " of IN and OUT")
+    addChoice(command, src, choices, std::vector{&source}, what + " of a YCbCr IN (" + usual + ")");
+    addChoice(command, dst, choices, std::vector{&destination},
+              what + " of a YCbCr OUT (" + usual + ")");
+    addChoice(command, "--" + name, choices, std::vector{&source, &destination},
+              what + " of IN and OUT")
         ->excludes(src)
         ->excludes(dst);
 }
 
 // A whole number within bounds; the help shows only the name.
-template <class Number>
-CLI::Option* addNumber(CLI::App* command, const std::string& name, Number& value, Number least,
+template <class Value, class Number>
+CLI::Option* addNumber(CLI::App* command, const std::string& name, Value& value, Number least,
                        Number greatest, const std::string& what, const std::string& shown) {
     return command->add_option(name, value, what)
         ->check(CLI::Range(least, greatest).description(""))
@@ -125,19 +154,33 @@ const Choices<Streaming> streamings = {{"automatic", Streaming::automatic},
 
 const char* const fileHelp =
     "A raw file holds frame after frame; '-' is standard input or output. Files that end in\n"
-    ".png or .ppm are pictures, for RGB formats: a picture keeps a clip's first frame, or all\n"
-    "frames if its name holds a number such as %04d.";
+    ".y4m are clips of Y8PU8PV8P or Y10PU10PV10P. Files that end in .png, .ppm, .pgm or .pam\n"
+    "are pictures, of RGB formats or, as grey, A8P: a picture keeps a clip's first frame, or\n"
+    "all frames if its name holds a number such as %04d.";
+
+// Makes any number of frames of a file, which brings its own format and size where it is not raw.
+void addInput(CLI::App* command, const std::string& formatName, InputSettings& settings,
+              const std::string& what) {
+    settings.formatOption = formatName;
+    addFormat(command, formatName, settings.format, "Format of " + what + ", if frames are raw");
+    addSize(command, settings.size, "Size of a frame, if frames are raw");
+    addNumber(command, "--start", settings.start, std::uint64_t{0}, std::uint64_t{UINT32_MAX},
+              "First number of numbered pictures (0 or 1)", "N");
+    addNumber(command, "--frames", settings.frames, std::uint64_t{1}, std::uint64_t{UINT32_MAX},
+              "Read at most so many frames", "N");
+}
 
 void addConvert(CLI::App& app, ConvertArguments& arguments) {
     CLI::App* command = app.add_subcommand("convert", "Convert a clip or a picture");
     command->footer(fileHelp);
-    addFormat(command, "--from", arguments.from, "Format of IN")->required();
+    addInput(command, "--from", arguments.in, "IN");
     addFormat(command, "--to", arguments.to, "Format of OUT")->required();
-    addSize(command, arguments.size, "Size of a frame; pictures bring their own");
+    addOutput(command, arguments.out);
     Options& options = arguments.options;
     addForBoth(command, "matrix", matrices, options.srcMatrix, options.dstMatrix, "Matrix",
                "bt709");
-    addForBoth(command, "range", ranges, options.srcRange, options.dstRange, "Range", "studio");
+    addForBoth(command, "range", ranges, arguments.srcRange, arguments.dstRange, "Range",
+               "that of a Y4M IN, or studio");
     addChoice(command, "--chroma", sitings, {&options.chroma}, "Where 4:2:2 chroma lies (cosited)");
     addNumber(command, "--alpha", options.alpha, 0, 255, "Alpha where IN has none (255)", "0..255");
     addChoice(command, "--streaming", streamings, {&options.streaming},
@@ -159,22 +202,21 @@ void addPattern(CLI::App& app, PatternArguments& arguments) {
               "Number of frames (1)", "N");
     addChoice(command, "--matrix", matrices, {&arguments.matrix}, "Matrix of a YCbCr OUT (bt709)");
     addChoice(command, "--range", ranges, {&arguments.range}, "Range of a YCbCr OUT (studio)");
+    addOutput(command, arguments.out);
     command->add_option("OUT", arguments.output, "File to write")->required();
     command->callback([&arguments] { runPattern(arguments); });
 }
 
 void addInfo(CLI::App& app, InfoArguments& arguments) {
     CLI::App* command = app.add_subcommand("info", "Tell the range of each channel of a file");
-    addFormat(command, "--format", arguments.format, "Format of FILE")->required();
-    addSize(command, arguments.size, "Size of a frame; pictures bring their own");
+    addInput(command, "--format", arguments.in, "FILE");
     command->add_option("FILE", arguments.file, "File to read")->required();
     command->callback([&arguments] { runInfo(arguments); });
 }
 
 void addCompare(CLI::App& app, CompareArguments& arguments) {
     CLI::App* command = app.add_subcommand("compare", "Tell how far two files are apart");
-    addFormat(command, "--format", arguments.format, "Format of both files")->required();
-    addSize(command, arguments.size, "Size of a frame; pictures bring their own");
+    addInput(command, "--format", arguments.in, "both files");
     command->add_option("--min-psnr", arguments.minimumPsnr, "Fail if a channel is below")
         ->type_name("DB");
     command->add_option("A", arguments.first, "One file")->required();
@@ -201,6 +243,9 @@ int main(int argc, char** argv) {
         return 0;
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : failureStatus;
+    } catch (const std::bad_alloc&) {
+        std::fputs("orva: there is not enough memory for this\n", stderr);
+        return failureStatus;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "orva: %s\n", error.what());
         return failureStatus;

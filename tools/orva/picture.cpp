@@ -1,47 +1,52 @@
-// Pictures: which file format, and from and to its order of bytes.
+// Pictures: which file format, and to its order of bytes.
 #include "picture.hpp"
 
-#include "files.hpp"
+#include "failure.hpp"
 #include "images.hpp"
 #include "png.hpp"
-#include "ppm.hpp"
+#include "pnm.hpp"
 
-#include <algorithm>
-#include <cctype>
-#include <filesystem>
 #include <utility>
 
 namespace orva::tool {
 namespace {
 
-std::string extensionOf(const std::string& name) {
-    std::string extension = std::filesystem::path(name).extension().string();
-    std::ranges::transform(extension, extension.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension;
+Format storedFormat(FileKind kind, Format format) {
+    if (format == Format::A8P) {
+        return Format::A8P;
+    }
+    const bool alpha = kind != FileKind::ppm && formatInfo(format).hasAlpha;
+    return alpha ? Format::RGB32I : Format::RGB24I;
 }
-
-bool isPng(const std::string& name) { return extensionOf(name) == ".png"; }
 
 }  // namespace
 
-bool isPictureName(const std::string& name) { return isPng(name) || extensionOf(name) == ".ppm"; }
-
-bool isPictureFormat(Format format) { return formatInfo(format).model == Model::rgb; }
-
-Image readPicture(const std::string& name) {
-    InputFile file(name);
-    return isPng(name) ? readPng(file) : readPpm(file);
+void requirePictureFormat(FileKind kind, const std::string& name, Format format) {
+    const bool grey = format == Format::A8P;
+    const std::string formatName(formatInfo(format).name);
+    if (!grey && formatInfo(format).model != Model::rgb) {
+        throw Failure(name + ": pictures hold formats of RGB, and A8P as grey, not " + formatName);
+    }
+    if (kind == FileKind::pgm && !grey) {
+        throw Failure(name + ": PGM holds grey, which is A8P here, not " + formatName);
+    }
+    if (kind == FileKind::ppm && grey) {
+        throw Failure(name + ": PPM holds RGB; .pgm, .pam and .png hold A8P, as grey");
+    }
 }
 
-void writePicture(const std::string& name, const ConstImageView& image) {
-    const bool alpha = isPng(name) && formatInfo(image.format).hasAlpha;
-    Image picture =
-        createImage(alpha ? Format::RGB32I : Format::RGB24I, {image.width, image.height});
+Image readPicture(FileKind kind, InputFile& file) {
+    return kind == FileKind::png ? readPng(file) : readPnm(file);
+}
+
+void writePicture(FileKind kind, OutputFile& file, const ConstImageView& image) {
+    Image picture = createImage(storedFormat(kind, image.format), {image.width, image.height});
     convertImage(image, picture.view());
-    OutputFile file(name);
-    (isPng(name) ? writePng : writePpm)(file, std::as_const(picture).view());
-    file.commit();
+    const auto write = kind == FileKind::png   ? writePng
+                       : kind == FileKind::pam ? writePam
+                       : kind == FileKind::pgm ? writePgm
+                                               : writePpm;
+    write(file, std::as_const(picture).view());
 }
 
 }  // namespace orva::tool

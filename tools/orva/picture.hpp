@@ -1,21 +1,20 @@
-// Pictures in files that other programs show: RGB images of one frame as PNG or PPM.
+// Pictures in files that other programs show: one frame of RGB or, as A8P, of grey.
 #pragma once
+
+#include "file_kind.hpp"
+#include "files.hpp"
 
 #include <orva/convert.hpp>
 
-#include <string>
-
 namespace orva::tool {
 
-// Whether a file's name ends in .png or .ppm.
-bool isPictureName(const std::string& name);
+// Fails if no picture of the kind holds the format. PPM holds RGB without its alpha.
+void requirePictureFormat(FileKind kind, const std::string& name, Format format);
 
-// Whether a picture can keep a format: all of RGB, alpha in a PNG file only.
-bool isPictureFormat(Format format);
+// RGB32I, RGB24I of a picture without alpha, A8P of one that is grey, too.
+Image readPicture(FileKind kind, InputFile& file);
 
-// Reads a file in the format that its name says into RGB32I or, if it has no alpha, RGB24I.
-Image readPicture(const std::string& name);
-
-void writePicture(const std::string& name, const ConstImageView& image);
+// Writes all of the file, which is left to commit.
+void writePicture(FileKind kind, OutputFile& file, const ConstImageView& image);
 
 }  // namespace orva::tool

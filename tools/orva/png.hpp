@@ -7,8 +7,11 @@
 
 namespace orva::tool {
 
-// RGB32I, or RGB24I where the file has no alpha.
+// RGB32I, RGB24I where the file has no alpha, or A8P where it has neither alpha nor colour. A file
+// without a statement about its colours is taken as sRGB, as it is in 8 bits.
 Image readPng(InputFile& file);
+
+// An image of one of these formats.
 void writePng(OutputFile& file, const ConstImageView& image);
 
 }  // namespace orva::tool
