@@ -1,50 +1,14 @@
 #!/usr/bin/env bash
-# The command-line program as a user meets it: cli_test.sh <program> [png]
-set -u
-orva=$1
-png=${2:-}
-folder=$(mktemp -d) || exit 1
-trap 'rm -rf "$folder"' EXIT
-cd "$folder" || exit 1
-failures=0
-
-complain() {
-    echo "FAILED: $*" >&2
-    failures=$((failures + 1))
-}
-
-run() {
-    "$orva" "$@" >output 2>errors || complain "orva $* ended with $?: $(cat errors)"
-}
-
-# refuses <text> <arguments>: status 2, the text among the errors, no file more and none changed.
-refuses() {
-    text=$1
-    shift
-    before=$(cksum ./*)
-    said=$("$orva" "$@" 2>&1)
-    status=$?
-    case $said in
-    *"$text"*) ;;
-    *) complain "orva $* said '$said', not '$text'" ;;
-    esac
-    [ $status -eq 2 ] || complain "orva $* ended with $status, not 2"
-    [ "$(cksum ./*)" = "$before" ] || complain "orva $* changed files: $(ls)"
-}
-
-same() {
-    cmp -s "$1" "$2" || complain "$1 and $2 differ"
-}
+# The command-line program as a user meets it: cli_test.sh <program>
+# shellcheck source=support.sh
+. "$(dirname "$0")/support.sh"
 
 size=(--size 322x66)
 uyvy=(--from UYVY16I --to BGR32I "${size[@]}")
-: >errors
-: >output
 run pattern --format UYVY16I "${size[@]}" --frames 7 clip.uyvy
 head -c 100000 clip.uyvy >partial.uyvy
 head -c 42504 clip.uyvy >frame.uyvy
 : >empty.uyvy
-cp clip.uyvy raw.ppm
 echo precious >precious
 
 # What may go wrong. Standard input shows only at its end that the last frame is not whole.
@@ -71,8 +35,6 @@ refuses "'left'" convert "${uyvy[@]}" --chroma left clip.uyvy out
 refuses "'limited'" pattern --format UYVY16I "${size[@]}" --range limited out
 refuses "'yes'" convert "${uyvy[@]}" --streaming yes clip.uyvy out
 refuses '--src-range' convert "${uyvy[@]}" --range full --src-range full clip.uyvy out
-refuses 'pictures hold' pattern --format UYVY16I "${size[@]}" out.ppm
-refuses 'not a binary PPM' info --format BGR24I raw.ppm
 refuses 'same number of frames' compare --format UYVY16I "${size[@]}" clip.uyvy frame.uyvy
 refuses 'subcommand' nonsense
 
@@ -169,45 +131,5 @@ for wxh in 33x5 1x1; do
         run info --format "$format" --size $wxh odd
     done
 done
-
-# ffmpeg keeps 10 bits in the same bytes, in both directions. 1278 pixels do not fill the last 128
-# bytes of a V210 row.
-if command -v ffmpeg >/dev/null; then
-    theirs() {
-        ffmpeg -nostdin -v error -y "$@" || complain "ffmpeg $* ended with $?"
-    }
-    for wxh in 322x66 1278x4; do
-        run pattern --format v210 --size $wxh clip.v210
-        for format in p210le yuv422p10le; do
-            raw=(-f rawvideo -pix_fmt "$format")
-            run convert --from v210 --to $format --size $wxh clip.v210 ours
-            theirs -f v210 -video_size $wxh -i clip.v210 "${raw[@]}" theirs
-            same ours theirs
-            theirs "${raw[@]}" -video_size $wxh -i ours -c:v v210 -f rawvideo theirs
-            same clip.v210 theirs
-        done
-    done
-else
-    echo 'no ffmpeg here: not compared with it'
-fi
-
-# Pictures: one frame, numbered frames, and back.
-run convert "${uyvy[@]}" clip.uyvy first.ppm
-run convert "${uyvy[@]}" clip.uyvy all%02d.ppm
-same first.ppm all01.ppm
-[ "$(echo all*.ppm | wc -w)" -eq 7 ] || complain "numbered pictures: $(ls)"
-run compare --format BGR24I --min-psnr 99 first.ppm all01.ppm
-if [ "$png" = png ]; then
-    run pattern --format BGR32I "${bars[@]}" chart.png
-    head -c 88704 clip.bgra >chart.bgra
-    for format in bgra rgba argb abgr BGR24IA8P RGB24IA8P; do
-        run convert --from BGR32I --to $format chart.png chart.$format
-        run convert --from $format --to $format "${bars[@]}" chart.$format back.png
-        run convert --from BGR32I --to BGR32I back.png back.bgra
-        same chart.bgra back.bgra
-    done
-    run compare --format BGR32I --min-psnr 99 chart.png back.png
-    refuses 'not 320x66' convert --from BGR32I --to BGR32I --size 320x66 chart.png out
-fi
 
 exit $failures

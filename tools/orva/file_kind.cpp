@@ -14,19 +14,18 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::array kinds = {
-    std::pair{"raw"sv, FileKind::raw}, std::pair{"y4m"sv, FileKind::y4m},
-    std::pair{"png"sv, FileKind::png}, std::pair{"ppm"sv, FileKind::ppm},
-    std::pair{"pgm"sv, FileKind::pgm}, std::pair{"pam"sv, FileKind::pam}};
+constexpr std::array kinds = {std::pair{"raw"sv, FileKind::raw}, std::pair{"y4m"sv, FileKind::y4m},
+                              std::pair{"png"sv, FileKind::png}, std::pair{"ppm"sv, FileKind::ppm},
+                              std::pair{"pgm"sv, FileKind::pgm}, std::pair{"pam"sv, FileKind::pam}};
 
 // Pictures, clips and sound of other programs. Endings that people give raw frames (.yuv, .v210,
 // .rgb, .bin ...) are none of them.
-constexpr std::array foreign = {
-    "avi"sv,  "avif"sv, "bmp"sv, "dng"sv, "dpx"sv, "exr"sv, "flac"sv, "flv"sv,  "gif"sv,
-    "heic"sv, "heif"sv, "ico"sv, "j2c"sv, "j2k"sv, "jp2"sv, "jpe"sv,  "jpeg"sv, "jpg"sv,
-    "jxl"sv,  "m2ts"sv, "m4v"sv, "mkv"sv, "mov"sv, "mp3"sv, "mp4"sv,  "mpeg"sv, "mpg"sv,
-    "mxf"sv,  "ogv"sv,  "pbm"sv, "pdf"sv, "pfm"sv, "psd"sv, "svg"sv,  "tga"sv,  "tif"sv,
-    "tiff"sv, "wav"sv,  "webm"sv, "webp"sv, "wmv"sv};
+constexpr std::array foreign = {"avi"sv, "avif"sv, "bmp"sv,  "dng"sv,  "dpx"sv,  "exr"sv,  "flac"sv,
+                                "flv"sv, "gif"sv,  "heic"sv, "heif"sv, "ico"sv,  "j2c"sv,  "j2k"sv,
+                                "jp2"sv, "jpe"sv,  "jpeg"sv, "jpg"sv,  "jxl"sv,  "m2ts"sv, "m4v"sv,
+                                "mkv"sv, "mov"sv,  "mp3"sv,  "mp4"sv,  "mpeg"sv, "mpg"sv,  "mxf"sv,
+                                "ogv"sv, "pbm"sv,  "pdf"sv,  "pfm"sv,  "psd"sv,  "svg"sv,  "tga"sv,
+                                "tif"sv, "tiff"sv, "wav"sv,  "webm"sv, "webp"sv, "wmv"sv};
 
 // In lower case, without the dot.
 std::string endingOf(const std::string& name) {
@@ -59,14 +58,13 @@ FileKind kindOfContents(const std::string& name, std::span<const std::byte> head
         return FileKind::png;
     }
     const FileKind named = kindOfName(name);
-    const bool pnm = text.size() > 2 && text[0] == 'P' && text[1] >= '5' && text[1] <= '7' &&
-                     isSpace(text[2]);
+    const bool pnm =
+        text.size() > 2 && text[0] == 'P' && text[1] >= '5' && text[1] <= '7' && isSpace(text[2]);
     return named == FileKind::raw && pnm && !mayBeRaw ? FileKind::ppm : named;
 }
 
 std::optional<FileKind> kindNamed(std::string_view name) {
-    const auto found =
-        std::ranges::find(kinds, name, &decltype(kinds)::value_type::first);
+    const auto found = std::ranges::find(kinds, name, &decltype(kinds)::value_type::first);
     return found == kinds.end() ? std::nullopt : std::optional(found->second);
 }
 

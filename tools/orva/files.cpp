@@ -70,23 +70,47 @@ InputFile::InputFile(const std::string& name) : shownName(name) {
     std::setvbuf(file.get(), nullptr, _IOFBF, bufferSize);
 }
 
-std::size_t InputFile::read(std::span<std::byte> bytes) {
-    const std::size_t before = std::min(bytes.size(), peeked.size());
-    std::copy_n(peeked.begin(), before, bytes.begin());
-    peeked.erase(peeked.begin(), peeked.begin() + static_cast<std::ptrdiff_t>(before));
-    bytes = bytes.subspan(before);
+std::size_t InputFile::readFile(std::span<std::byte> bytes) {
     const std::size_t count = std::fread(bytes.data(), 1, bytes.size(), file.get());
     if (count < bytes.size() && std::ferror(file.get())) {
         fail(shownName, "cannot be read");
     }
-    return before + count;
+    return count;
+}
+
+std::size_t InputFile::read(std::span<std::byte> bytes) {
+    const std::span<const std::byte> before =
+        std::span(ahead).subspan(aheadRead, std::min(bytes.size(), ahead.size() - aheadRead));
+    std::ranges::copy(before, bytes.begin());
+    aheadRead += before.size();
+    const std::size_t count = before.size() + readFile(bytes.subspan(before.size()));
+    bytesRead += count;
+    return count;
 }
 
 std::span<const std::byte> InputFile::peek(std::size_t count) {
-    std::vector<std::byte> next(count);
-    next.resize(read(next));
-    peeked.insert(peeked.begin(), next.begin(), next.end());
-    return peeked;
+    ahead.erase(ahead.begin(), ahead.begin() + static_cast<std::ptrdiff_t>(aheadRead));
+    aheadRead = 0;
+    if (const std::size_t there = ahead.size(); there < count) {
+        ahead.resize(count);
+        ahead.resize(there + readFile(std::span(ahead).subspan(there)));
+    }
+    return std::span(ahead).first(std::min(count, ahead.size()));
+}
+
+bool InputFile::holds(std::uint64_t count) {
+    if (fileSize) {
+        return count <= *fileSize - bytesRead;
+    }
+    for (std::uint64_t part = bufferSize;; part *= 2) {
+        const auto wanted = static_cast<std::size_t>(std::min(count, part));
+        if (peek(wanted).size() < wanted) {
+            return false;
+        }
+        if (wanted == count) {
+            return true;
+        }
+    }
 }
 
 OutputFile::OutputFile(const std::string& name) : shownName(name) {

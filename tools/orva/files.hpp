@@ -35,11 +35,19 @@ public:
     // Of a regular file.
     std::optional<std::uint64_t> size() const { return fileSize; }
 
+    // Whether so many bytes are left. Where the size is unknown they are kept to be read, with no
+    // more memory than about twice what there is.
+    bool holds(std::uint64_t count);
+
 private:
     std::string shownName;
     FileHandle file;
-    std::vector<std::byte> peeked;  // not yet read
+    std::vector<std::byte> ahead;  // what has been peeked at
+    std::size_t aheadRead = 0;     // bytes of that
+    std::uint64_t bytesRead = 0;
     std::optional<std::uint64_t> fileSize;
+
+    std::size_t readFile(std::span<std::byte> bytes);
 };
 
 // Written to a temporary name beside the target and renamed by commit(); without commit() nothing

@@ -20,10 +20,14 @@ void failTooLarge(Format format, FrameSize size) {
     throw Failure(frameText(format, size) + ": is too large for this machine's memory");
 }
 
-Image createImage(Format format, FrameSize size) {
+void requireMemory(Format format, FrameSize size) {
     if (frameBytes(format, size.width, size.height) > physicalMemory() / 2) {
         failTooLarge(format, size);
     }
+}
+
+Image createImage(Format format, FrameSize size) {
+    requireMemory(format, size);
     std::optional<Image> image = Image::create(format, size.width, size.height);
     if (!image) {
         failTooLarge(format, size);

@@ -21,8 +21,10 @@ std::string frameText(Format format, FrameSize size);
 
 [[noreturn]] void failTooLarge(Format format, FrameSize size);
 
-// Fails before any memory is taken if it is more than half of what the machine has: a conversion
-// needs two images.
+// Fails if an image takes more than half of the memory that the machine has: a conversion needs
+// two.
+void requireMemory(Format format, FrameSize size);
+
 Image createImage(Format format, FrameSize size);
 
 void convertImage(const ConstImageView& source, const ImageView& destination,

@@ -5,7 +5,8 @@
 
 namespace orva::tool {
 
-// In bytes; UINT64_MAX where the system does not tell.
+// In bytes, of which a program can use no more than it can address; all of these where the system
+// does not tell.
 std::uint64_t physicalMemory();
 
 }  // namespace orva::tool

@@ -35,8 +35,9 @@ class PictureReader final : public FrameReader {
 public:
     PictureReader(FileKind kind, InputFile firstFile, Numbered numbered,
                   const InputSettings& settings)
-        : kind(kind), files(std::move(numbered)), picture(readPicture(kind, firstFile)),
-          frameSize{picture.width(), picture.height()}, formatGiven(settings.format.has_value()) {
+        : kind(kind), files(std::move(numbered)),
+          picture(readPicture(kind, firstFile)), frameSize{picture.width(), picture.height()},
+          formatGiven(settings.format.has_value()) {
         const bool grey = picture.format() == Format::A8P;
         frameFormat = settings.format                 ? *settings.format
                       : grey && settings.greyIsColour ? Format::RGB24I

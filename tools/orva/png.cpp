@@ -94,11 +94,12 @@ void writeBytes(png_structp png, png_bytep bytes, std::size_t count) {
 }
 
 // Fails where a file is shorter than the best compression could make what its header claims.
-void judgeClaim(const InputFile& file, FrameSize size, std::uint64_t bytesPerRow) {
+void judgeClaim(InputFile& file, FrameSize size, std::uint64_t bytesPerRow) {
     constexpr std::uint64_t bestRatio = 1032;  // of deflate
-    if (file.size() && (bytesPerRow + 1) * size.height / bestRatio > *file.size()) {
-        throw Failure(file.name() + ": claims to be " + sizeText(size) + ", but " +
-                      std::to_string(*file.size()) + " bytes cannot hold that");
+    requireMemory(Format::A8P, size);
+    if (!file.holds((bytesPerRow + 1) * size.height / bestRatio)) {
+        throw Failure(file.name() + ": claims to be " + sizeText(size) +
+                      ", but is too short to hold that");
     }
 }
 

@@ -157,8 +157,8 @@ Image readPnm(InputFile& file) {
                       "; only files of one byte per channel (255) can be read");
     }
     const auto failShort = [&file] { throw Failure(file.name() + ": ends before its last pixel"); };
-    if (file.size() &&
-        frameBytes(header.format, header.size.width, header.size.height) > *file.size()) {
+    requireMemory(header.format, header.size);
+    if (!file.holds(frameBytes(header.format, header.size.width, header.size.height))) {
         failShort();
     }
     Image image = createImage(header.format, header.size);

@@ -1,5 +1,5 @@
-// Raw clips: frame after frame of planes and rows without gaps but in V210, whose rows are multiples
-// of 128 bytes.
+// Raw clips: frame after frame of planes and rows without gaps but in V210, whose rows are
+// multiples of 128 bytes.
 #pragma once
 
 #include "files.hpp"

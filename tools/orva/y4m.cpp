@@ -98,12 +98,33 @@ Header readHeader(InputFile& file) {
     return header;
 }
 
+// What the library has in a row of luma but the file has not: the second sample of a pair that is
+// half outside the picture.
+std::size_t bytesBeyond(Format format, std::uint32_t width) {
+    return width % 2 * (formatInfo(format).bits > 8 ? 2 : 1);
+}
+
+// Calls visit(row, stored) with each row and how many of its bytes the file has.
+template <class Byte, class Visit>
+void forEachStoredRow(const BasicImageView<Byte>& image, Visit visit) {
+    for (const PlaneIndex plane : {mainPlane, chromaPlane, crPlane}) {
+        const std::size_t beyond = plane == mainPlane ? bytesBeyond(image.format, image.width) : 0;
+        for (std::uint32_t y = 0; y < image.height; ++y) {
+            const std::span<Byte> row = image.row(y, plane);
+            visit(row, row.size() - beyond);
+        }
+    }
+}
+
 class Y4mReader final : public FrameReader {
 public:
     explicit Y4mReader(InputFile opened) : file(std::move(opened)), header(readHeader(file)) {
-        const auto& [width, height] = header.size;
-        if (file.size() && frameBytes(header.format, width, height) > *file.size()) {
-            throw Failure(file.name() + ": ends before its first " + frameText(format(), size()));
+        requireMemory(header.format, header.size);
+        const auto [width, height] = header.size;
+        const std::uint64_t beyond = std::uint64_t{height} * bytesBeyond(header.format, width);
+        if (!file.holds(frameBytes(header.format, width, height) - beyond)) {
+            throw Failure(file.name() + ": ends within its first frame, " +
+                          frameText(header.format, header.size));
         }
     }
 
@@ -127,9 +148,13 @@ public:
             throw Failure(file.name() + ": frame " + std::to_string(read) +
                           " does not begin with a line FRAME");
         }
-        forEachRow(image, [&](std::span<std::byte> row) {
-            if (file.read(row) != row.size()) {
+        forEachStoredRow(image, [&](std::span<std::byte> row, std::size_t stored) {
+            if (file.read(row.first(stored)) != stored) {
                 throw Failure(file.name() + ": ends within frame " + std::to_string(read));
+            }
+            // What lies beyond the picture may be copied, and is the last sample again then.
+            for (std::size_t i = stored; i < row.size(); ++i) {
+                row[i] = row[i - (row.size() - stored)];
             }
         });
         return true;
@@ -143,11 +168,15 @@ private:
 
 class Y4mWriter final : public FrameWriter {
 public:
-    Y4mWriter(const std::string& name, const std::string& header) : file(name) { writeLine(header); }
+    Y4mWriter(const std::string& name, const std::string& header) : file(name) {
+        writeLine(header);
+    }
 
     void write(const ConstImageView& image) override {
         writeLine(std::string(frameLine));
-        forEachRow(image, [&](std::span<const std::byte> row) { file.write(row); });
+        forEachStoredRow(image, [&](std::span<const std::byte> row, std::size_t stored) {
+            file.write(row.first(stored));
+        });
     }
 
     void commit() override { file.commit(); }
@@ -187,7 +216,8 @@ std::unique_ptr<FrameWriter> createY4m(const std::string& name, const OutputSett
         header += clip.aspect.empty() ? "" : " A" + clip.aspect;
         header += " C" + std::string(colour);
         if (clip.range) {
-            header += " X" + std::string(rangeTag) + (*clip.range == Range::full ? "FULL" : "LIMITED");
+            header +=
+                " X" + std::string(rangeTag) + (*clip.range == Range::full ? "FULL" : "LIMITED");
         }
         return std::make_unique<Y4mWriter>(name, header);
     }

@@ -1,0 +1,49 @@
+# shellcheck shell=bash
+# What the tests of the program share: sourced by them, with the program as $1. Each works in a
+# folder of its own and counts its failures.
+set -u
+orva=$1
+folder=$(mktemp -d) || exit 1
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" || exit 1
+: >errors
+: >output
+failures=0
+
+complain() {
+    echo "FAILED: $*" >&2
+    failures=$((failures + 1))
+}
+
+run() {
+    "$orva" "$@" >output 2>errors || complain "orva $* ended with $?: $(cat errors)"
+}
+
+# refuses <text> <arguments>: status 2, the text among the errors, no file more and none changed.
+refuses() {
+    text=$1
+    shift
+    before=$(cksum ./*)
+    said=$("$orva" "$@" 2>&1)
+    status=$?
+    case $said in
+    *"$text"*) ;;
+    *) complain "orva $* said '$said', not '$text'" ;;
+    esac
+    [ $status -eq 2 ] || complain "orva $* ended with $status, not 2"
+    [ "$(cksum ./*)" = "$before" ] || complain "orva $* changed files: $(ls)"
+}
+
+same() {
+    cmp -s "$1" "$2" || complain "$1 and $2 differ"
+}
+
+# bytes <file>: its bytes in decimal, in one line.
+bytes() {
+    od -An -v -tu1 "$1" | xargs
+}
+
+# shows <what> <expected> <is>
+shows() {
+    [ "$2" = "$3" ] || complain "$1: '$3', not '$2'"
+}
