@@ -74,9 +74,8 @@ Bytes readAll(const std::string& name, std::byte filling) {
             forEachRow(image.view(), [=](auto row) { std::ranges::fill(row, filling); });
         };
         for (fill(); reader->next(image.view()); fill()) {
-            forEachRow(std::as_const(image).view(), [&all](auto row) {
-                all.insert(all.end(), row.begin(), row.end());
-            });
+            forEachRow(std::as_const(image).view(),
+                       [&all](auto row) { all.insert(all.end(), row.begin(), row.end()); });
         }
     } catch (const Failure& failure) {
         if (std::string(failure.what()).size() < name.size()) {
