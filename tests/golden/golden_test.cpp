@@ -1,42 +1,58 @@
-// The library's output on fixed frames: the hashes in hashes.txt, with every table of kernels.
-#include "golden/hashes.hpp"
-#include "support/tables.hpp"
+// The libraries' output on fixed frames: the documented hashes, with every table of kernels.
+#include "golden/check.hpp"
+#include "golden/conversion_cases.hpp"
+#include "support/picture.hpp"
 
-#include <fstream>
-#include <map>
+#include <gtest/gtest.h>
 
-namespace test {
+#include <algorithm>
+
+namespace orva::golden {
 namespace {
 
-TEST(Golden, Hashes) {
-    std::map<std::string, std::string> expected;
-    std::ifstream file(ORVA_GOLDEN_HASHES);
-    for (std::string name, options, hash; file >> name;) {
-        if (name.starts_with('#'))
-            getline(file, name);
-        else if (file >> options >> hash)
-            expected[name + " " + options] = hash;
+using Check = std::vector<Outcome> (*)(const Hashes&);
+
+// All cases are documented, and no others are.
+void expectAllRight(Check check, const Hashes& documented) {
+    for (const Outcome& outcome : check(documented)) {
+        printf("[  tables  ] %s%s\n", outcome.instructionSet.c_str(),
+               outcome.supported ? "" : ": not supported here");
+        EXPECT_EQ(outcome.wrong, std::vector<std::string>{}) << outcome.instructionSet;
+        EXPECT_EQ(outcome.right, outcome.supported ? documented.size() : 0);
     }
-    withEveryTable([&] {
-        size_t found = 0;
-        for (const Export& conversion : exports()) {
-            for (const OptionSet& options : optionSets) {
-                if (!exists(conversion, options))
-                    continue;
-                char hash[17];
-                snprintf(
-                    hash, sizeof hash, "%016llx",
-                    static_cast<unsigned long long>(hashOf(
-                        conversion, options,
-                        [](const Export& e, const OrvaConversionDescriptor& d) { e.call(&d); })));
-                const std::string key = std::string(conversion.name) + " " + options.name;
-                EXPECT_EQ(expected[key], hash) << key;
-                ++found;
-            }
-        }
-        EXPECT_EQ(found, expected.size()) << "hashes of conversions that do not exist";
-    });
+}
+
+// A hash that is not what is documented is noticed, and a case that is not there.
+void expectFaultsFound(Check check, Hashes documented) {
+    const std::string changed = documented.begin()->first, gone = documented.rbegin()->first;
+    documented[changed] ^= 1;
+    documented.erase(gone);
+    for (const Outcome& outcome : check(documented)) {
+        std::vector<std::string> wrong = outcome.wrong;
+        std::ranges::sort(wrong);
+        EXPECT_EQ(wrong, outcome.supported ? std::vector<std::string>({changed, gone})
+                                           : std::vector<std::string>{});
+    }
+}
+
+TEST(Golden, Exports) { expectAllRight(checkExports, documentedExports()); }
+TEST(Golden, Conversions) { expectAllRight(checkConversions, documentedConversions()); }
+TEST(Golden, FaultsAreFound) {
+    expectFaultsFound(checkExports, documentedExports());
+    expectFaultsFound(checkConversions, documentedConversions());
+}
+
+// So that the hashes of the checked library are those of right pictures.
+TEST(Golden, ModelConfirmsConversions) {
+    for (const Pair& pair : pairs()) {
+        convertCases(pair, [&pair](const ConstImageView& source, const ConstImageView& destination,
+                                   const Options& options) {
+            const std::string fault =
+                test::judge(source, destination, options, 0, source.height).fault;
+            EXPECT_EQ(fault, "") << pair.name() << ": " << test::describe(options);
+        });
+    }
 }
 
 }  // namespace
-}  // namespace test
+}  // namespace orva::golden

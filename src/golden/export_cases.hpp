@@ -1,11 +1,12 @@
-// The frames and option sets of hashes.txt, which says how they are made.
+// The frames and option sets of export_hashes.txt, which says how they are made.
 #pragma once
 
-#include "support/exports.hpp"
+#include "golden/exports.hpp"
+#include "golden/fnv.hpp"
 
 #include <cstring>
 
-namespace test {
+namespace orva::golden {
 
 struct OptionSet {
     const char* name;
@@ -37,14 +38,11 @@ inline bool exists(const Export& conversion, const OptionSet& options) {
     return false;
 }
 
-template <class Convert>
-uint64_t hashOf(const Export& conversion, const OptionSet& options, Convert convert) {
-    struct Frame {
-        uint32_t width, height, offset;
-    };
-    alignas(64) static uint8_t src[65536], srcAlpha[1024], dst[16384], dstAlpha[1024];
-    uint64_t hash = 0xCBF29CE484222325;
-    for (const Frame& frame : {Frame{112, 6, 0}, Frame{110, 5, 8}}) {
+// The memory that all cases use one after another.
+struct ExportMemory {
+    alignas(64) uint8_t src[65536], srcAlpha[1024], dst[16384], dstAlpha[1024];
+
+    void fill() {
         uint32_t x = 1;
         for (uint8_t& byte : src)
             byte = uint8_t((x = x * 1664525 + 1013904223) >> 24);
@@ -52,7 +50,23 @@ uint64_t hashOf(const Export& conversion, const OptionSet& options, Convert conv
             byte = uint8_t((x = x * 1664525 + 1013904223) >> 24);
         memset(dst, 0xA5, sizeof dst);
         memset(dstAlpha, 0xA5, sizeof dstAlpha);
+    }
+    void addTo(Fnv& hash) const {
+        hash.add(dst, sizeof dst);
+        hash.add(dstAlpha, sizeof dstAlpha);
+    }
+};
+inline ExportMemory exportMemory;
 
+template <class Convert>
+uint64_t hashOf(const Export& conversion, const OptionSet& options, Convert convert) {
+    struct Frame {
+        uint32_t width, height, offset;
+    };
+    auto& [src, srcAlpha, dst, dstAlpha] = exportMemory;
+    Fnv hash;
+    for (const Frame& frame : {Frame{112, 6, 0}, Frame{110, 5, 8}}) {
+        exportMemory.fill();
         const bool doubled = options.kernelMode == 3;
         OrvaConversionDescriptor d{};
         d.srcData = src + frame.offset;
@@ -77,12 +91,17 @@ uint64_t hashOf(const Export& conversion, const OptionSet& options, Convert conv
         d.lineMode = options.kernelMode != 0;
         d.alphaValue = 100;
         convert(conversion, d);
-        for (const uint8_t byte : dst)
-            hash = (hash ^ byte) * 0x100000001B3;
-        for (const uint8_t byte : dstAlpha)
-            hash = (hash ^ byte) * 0x100000001B3;
+        exportMemory.addTo(hash);
     }
-    return hash;
+    return hash.value;
 }
 
-}  // namespace test
+inline uint64_t hashOf(const PositionalExport& conversion) {
+    exportMemory.fill();
+    conversion.call(exportMemory.src, exportMemory.dst, 224);
+    Fnv hash;
+    exportMemory.addTo(hash);
+    return hash.value;
+}
+
+}  // namespace orva::golden
