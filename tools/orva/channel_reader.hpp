@@ -12,6 +12,7 @@ public:
 
     Format format() const { return reader->format(); }
     FrameSize size() const { return reader->size(); }
+    ClipProperties properties() const { return reader->properties(); }
 
     // Goes on to the next frame; false behind the last one.
     bool next();

@@ -52,9 +52,15 @@ void runInfo(const InfoArguments& arguments);
 struct CompareArguments {
     InputSettings in;  // of both files
     std::optional<double> minimumPsnr;
+    std::optional<int> maximumDifference;
+    std::string heatmap;  // empty: none
     std::string first;
     std::string second;
 };
-void runCompare(const CompareArguments& arguments);
+// Whether the files are as close as is wanted.
+bool runCompare(const CompareArguments& arguments);
+
+// Whether this machine gives the documented bytes.
+bool runSelftest();
 
 }  // namespace orva::tool

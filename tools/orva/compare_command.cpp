@@ -2,12 +2,16 @@
 #include "channel_reader.hpp"
 #include "commands.hpp"
 #include "failure.hpp"
+#include "heatmap.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
+#include <optional>
+#include <string>
 
 namespace orva::tool {
 namespace {
@@ -18,8 +22,7 @@ struct Difference {
     std::uint64_t squares = 0;
     int greatest = 0;
 
-    void add(int a, int b) {
-        const int difference = std::abs(a - b);
+    void add(int difference) {
         ++samples;
         different += difference != 0;
         squares += static_cast<std::uint64_t>(difference * difference);
@@ -35,9 +38,29 @@ struct Difference {
     }
 };
 
+void print(const Channel& channel, const Difference& difference, double psnr) {
+    std::printf("%-2.*s PSNR %.2f dB, greatest difference %d, %llu of %llu samples differ\n",
+                static_cast<int>(channel.name.size()), channel.name.data(), psnr,
+                difference.greatest, static_cast<unsigned long long>(difference.different),
+                static_cast<unsigned long long>(difference.samples));
+}
+
+void printScale(const std::string& name, int scale) {
+    if (scale == 0) {
+        std::printf("%s: black, nothing differs\n", name.c_str());
+    } else {
+        std::printf("%s: the greatest difference at each pixel; black is none, dark blue 1, then "
+                    "purple, red,\norange and yellow up to white, %d\n",
+                    name.c_str(), scale);
+    }
+}
+
 }  // namespace
 
-void runCompare(const CompareArguments& arguments) {
+bool runCompare(const CompareArguments& arguments) {
+    if (!arguments.heatmap.empty() && !isPicture(kindOfName(arguments.heatmap))) {
+        throw Failure("--heatmap " + arguments.heatmap + ": is not the name of a picture (.png)");
+    }
     ChannelReader first(arguments.first, arguments.in);
     const Format format = first.format();
     InputSettings same = arguments.in;
@@ -46,6 +69,10 @@ void runCompare(const CompareArguments& arguments) {
     ChannelReader second(arguments.second, same);
     const auto channels = channelsOf(format);
     std::array<Difference, 4> differences = {};
+    std::optional<Heatmap> heatmap;
+    if (!arguments.heatmap.empty()) {
+        heatmap.emplace(first.size());
+    }
     for (;;) {
         const bool more = first.next();
         if (more != second.next()) {
@@ -60,25 +87,38 @@ void runCompare(const CompareArguments& arguments) {
                 const SampleRow& a = first.samples(channels[c], y);
                 const SampleRow& b = second.samples(channels[c], y);
                 for (std::size_t i = 0; i < a.size(); ++i) {
-                    differences[c].add(a[i], b[i]);
+                    const int difference = std::abs(a[i] - b[i]);
+                    differences[c].add(difference);
+                    if (heatmap && difference > 0) {
+                        heatmap->add(channels[c], static_cast<std::uint32_t>(i), y, difference);
+                    }
                 }
             }
         }
     }
     const double peak = (1 << formatInfo(format).bits) - 1;
-    double least = std::numeric_limits<double>::infinity();
+    double leastPsnr = std::numeric_limits<double>::infinity();
+    int greatest = 0;
     for (std::size_t c = 0; c < channels.size(); ++c) {
         const double psnr = differences[c].psnr(peak);
-        least = std::min(least, psnr);
-        std::printf("%-2.*s PSNR %.2f dB, greatest difference %d, %llu of %llu samples differ\n",
-                    static_cast<int>(channels[c].name.size()), channels[c].name.data(), psnr,
-                    differences[c].greatest,
-                    static_cast<unsigned long long>(differences[c].different),
-                    static_cast<unsigned long long>(differences[c].samples));
+        print(channels[c], differences[c], psnr);
+        leastPsnr = std::min(leastPsnr, psnr);
+        greatest = std::max(greatest, differences[c].greatest);
     }
-    if (arguments.minimumPsnr && least < *arguments.minimumPsnr) {
-        throw Failure("a channel's PSNR is below the wanted minimum");
+    if (heatmap) {
+        heatmap->write(arguments.heatmap, greatest);
+        printScale(arguments.heatmap, greatest);
     }
+    const bool below = arguments.minimumPsnr && leastPsnr < *arguments.minimumPsnr;
+    const bool above = arguments.maximumDifference && greatest > *arguments.maximumDifference;
+    if (below) {
+        std::fprintf(stderr, "orva: a channel's PSNR is below %g dB\n", *arguments.minimumPsnr);
+    }
+    if (above) {
+        std::fprintf(stderr, "orva: a sample differs by more than %d\n",
+                     *arguments.maximumDifference);
+    }
+    return !below && !above;
 }
 
 }  // namespace orva::tool

@@ -1,8 +1,9 @@
 // orva convert: a clip from one format to another, several frames at once.
 #include "commands.hpp"
-#include "failure.hpp"
+#include "format_names.hpp"
 #include "progress.hpp"
 #include "raw_frames.hpp"
+#include "refusals.hpp"
 
 #include <chrono>
 #include <cstdio>
@@ -57,8 +58,8 @@ void runConvert(const ConvertArguments& arguments) {
     const auto reader = openFrames(input, settings);
     const Format from = reader->format();
     if (!canConvert(from, to)) {
-        throw Failure("there is no conversion from " + std::string(formatInfo(from).name) + " to " +
-                      std::string(formatInfo(to).name) + "; 'orva formats' tells which there are");
+        throw Failure("there is no conversion from " + nameOf(from) + " to " + nameOf(to) +
+                      "; 'orva formats' tells which there are");
     }
     const FrameSize size = reader->size();
     ClipProperties properties = reader->properties();
@@ -93,7 +94,7 @@ void runConvert(const ConvertArguments& arguments) {
         converting += Clock::now() - begin;
         for (const Slot& slot : batch) {
             if (!slot.result) {
-                throw Failure(slot.result.describe());
+                throw refusal(slot.result);
             }
             if (!writer->full()) {
                 writer->write(slot.destination.view());

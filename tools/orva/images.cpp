@@ -1,8 +1,9 @@
 // The library's images and conversion, with failures in place of empty images and results.
 #include "images.hpp"
 
-#include "failure.hpp"
+#include "format_names.hpp"
 #include "memory.hpp"
+#include "refusals.hpp"
 
 #include <utility>
 
@@ -13,7 +14,7 @@ std::string sizeText(FrameSize size) {
 }
 
 std::string frameText(Format format, FrameSize size) {
-    return std::string(formatInfo(format).name) + " of " + sizeText(size);
+    return nameOf(format) + " of " + sizeText(size);
 }
 
 void failTooLarge(Format format, FrameSize size) {
@@ -38,7 +39,7 @@ Image createImage(Format format, FrameSize size) {
 void convertImage(const ConstImageView& source, const ImageView& destination,
                   const Options& options) {
     if (const Result result = convert(source, destination, options); !result) {
-        throw Failure(result.describe());
+        throw refusal(result);
     }
 }
 

@@ -1,13 +1,18 @@
 // orva: converts uncompressed video frames on the command line. This file says which commands,
 // options and arguments there are.
 #include "commands.hpp"
-#include "failure.hpp"
+#include "format_names.hpp"
 #include "header.hpp"
+#include "suggestions.hpp"
+#include "usage_errors.hpp"
+#include "version.hpp"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <new>
 #include <utility>
@@ -18,20 +23,10 @@ namespace {
 using namespace orva;
 using namespace orva::tool;
 
+constexpr int differenceStatus = 1;
 constexpr int failureStatus = 2;
 
 // Options that several commands share. Each reads its text into a value or says what is wrong.
-
-Format parseFormat(const std::string& text) {
-    const auto named = formatNamed(text);
-    if (!named) {
-        throw CLI::ValidationError("unknown format '" + text + "'; 'orva formats' lists them");
-    }
-    if (!inFiles(*named)) {
-        throw CLI::ValidationError(text + " has no planes, so no file holds it");
-    }
-    return *named;
-}
 
 FrameSize parseSize(const std::string& text) {
     const std::size_t x = std::min(text.find('x'), text.size());
@@ -43,13 +38,23 @@ FrameSize parseSize(const std::string& text) {
     return size;
 }
 
+double parseDecibels(const std::string& text) {
+    char* end = nullptr;
+    const double decibels = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || !std::isfinite(decibels) || decibels < 0) {
+        throw CLI::ValidationError("--min-psnr is a number of decibels such as 40, not '" + text +
+                                   "'");
+    }
+    return decibels;
+}
+
 // The value is a Format or an optional one, and the same with sizes.
 template <class Value>
 CLI::Option* addFormat(CLI::App* command, const std::string& name, Value& format,
                        const std::string& what) {
     return command
         ->add_option_function<std::string>(
-            name, [&format](const std::string& text) { format = parseFormat(text); }, what)
+            name, [&format](const std::string& text) { format = formatTyped(text); }, what)
         ->type_name("FORMAT");
 }
 
@@ -72,34 +77,16 @@ std::string parseRate(const std::string& text) {
     return std::to_string(*number) + ":" + std::to_string(*divisor);
 }
 
-void addOutput(CLI::App* command, OutputChoice& choice) {
-    command
-        ->add_option_function<std::string>(
-            "--rate", [&choice](const std::string& text) { choice.rate = parseRate(text); },
-            "Frames a second of a Y4M OUT (those of a Y4M IN, or 25)")
-        ->type_name("N[:D]");
-    command
-        ->add_option_function<std::string>(
-            "--as",
-            [&choice](const std::string& text) {
-                choice.kind = kindNamed(text);
-                if (!choice.kind) {
-                    throw CLI::ValidationError("--as is one of raw|y4m|png|ppm|pgm|pam, not '" +
-                                               text + "'");
-                }
-            },
-            "Kind of file that OUT is, whatever its name")
-        ->type_name("KIND");
-}
-
 template <class Value> using Choices = std::vector<std::pair<std::string, Value>>;
 
 // One of several words, which goes to every target.
 template <class Value, class Target = Value>
 CLI::Option* addChoice(CLI::App* command, const std::string& name, const Choices<Value>& choices,
                        std::vector<Target*> targets, const std::string& what) {
+    std::vector<std::string> known;
     std::string words;
     for (const auto& [word, value] : choices) {
+        known.push_back(word);
         words += (words.empty() ? "" : "|") + word;
     }
     return command
@@ -110,7 +97,7 @@ CLI::Option* addChoice(CLI::App* command, const std::string& name, const Choices
                     std::ranges::find(choices, text, &std::pair<std::string, Value>::first);
                 if (found == choices.end()) {
                     throw CLI::ValidationError(name + " is one of " + words + ", not '" + text +
-                                               "'");
+                                               "'" + suggestion(text, known));
                 }
                 for (Target* target : targets) {
                     *target = found->second;
@@ -151,6 +138,19 @@ const Choices<Chroma> sitings = {{"cosited", Chroma::cosited}, {"nearest", Chrom
 const Choices<Streaming> streamings = {{"automatic", Streaming::automatic},
                                        {"never", Streaming::never},
                                        {"always", Streaming::always}};
+const Choices<FileKind> kinds = {{"raw", FileKind::raw}, {"y4m", FileKind::y4m},
+                                 {"png", FileKind::png}, {"ppm", FileKind::ppm},
+                                 {"pgm", FileKind::pgm}, {"pam", FileKind::pam}};
+
+void addOutput(CLI::App* command, OutputChoice& choice) {
+    command
+        ->add_option_function<std::string>(
+            "--rate", [&choice](const std::string& text) { choice.rate = parseRate(text); },
+            "Frames a second of a Y4M OUT (those of a Y4M IN, or 25)")
+        ->type_name("N[:D]");
+    addChoice(command, "--as", kinds, std::vector{&choice.kind},
+              "Kind of file that OUT is, whatever its name");
+}
 
 const char* const fileHelp =
     "A raw file holds frame after frame; '-' is standard input or output. Files that end in\n"
@@ -208,20 +208,35 @@ void addPattern(CLI::App& app, PatternArguments& arguments) {
 }
 
 void addInfo(CLI::App& app, InfoArguments& arguments) {
-    CLI::App* command = app.add_subcommand("info", "Tell the range of each channel of a file");
+    CLI::App* command = app.add_subcommand("info", "Tell what is in a file, channel by channel");
     addInput(command, "--format", arguments.in, "FILE");
     command->add_option("FILE", arguments.file, "File to read")->required();
     command->callback([&arguments] { runInfo(arguments); });
 }
 
-void addCompare(CLI::App& app, CompareArguments& arguments) {
+void addCompare(CLI::App& app, CompareArguments& arguments, int& status) {
     CLI::App* command = app.add_subcommand("compare", "Tell how far two files are apart");
     addInput(command, "--format", arguments.in, "both files");
-    command->add_option("--min-psnr", arguments.minimumPsnr, "Fail if a channel is below")
+    command
+        ->add_option_function<std::string>(
+            "--min-psnr",
+            [&arguments](const std::string& text) { arguments.minimumPsnr = parseDecibels(text); },
+            "End with status 1 if a channel's PSNR is below")
         ->type_name("DB");
+    addNumber(command, "--max-difference", arguments.maximumDifference, 0, 1023,
+              "End with status 1 if a sample differs by more", "N");
+    command
+        ->add_option("--heatmap", arguments.heatmap, "Picture to write of where the files differ")
+        ->type_name("PNG");
     command->add_option("A", arguments.first, "One file")->required();
     command->add_option("B", arguments.second, "The other file")->required();
-    command->callback([&arguments] { runCompare(arguments); });
+    command->callback(
+        [&arguments, &status] { status = runCompare(arguments) ? 0 : differenceStatus; });
+}
+
+void addSelftest(CLI::App& app, int& status) {
+    app.add_subcommand("selftest", "Check that this machine gives the documented bytes")
+        ->callback([&status] { status = runSelftest() ? 0 : differenceStatus; });
 }
 
 }  // namespace
@@ -237,12 +252,19 @@ int main(int argc, char** argv) {
     app.add_subcommand("formats", "List the formats and conversions")->callback(runFormats);
     addPattern(app, patternArguments);
     addInfo(app, infoArguments);
-    addCompare(app, compareArguments);
+    int status = 0;
+    addCompare(app, compareArguments, status);
+    addSelftest(app, status);
+    app.set_version_flag("--version", versionText,
+                         "Tell the versions of what is at work, and exit");
     try {
         app.parse(argc, argv);
-        return 0;
+        return status;
+    } catch (const CLI::Success& help) {
+        return app.exit(help);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : failureStatus;
+        std::fprintf(stderr, "%s\n", usageError(app, error).c_str());
+        return failureStatus;
     } catch (const std::bad_alloc&) {
         std::fputs("orva: there is not enough memory for this\n", stderr);
         return failureStatus;

@@ -2,6 +2,7 @@
 #include "picture.hpp"
 
 #include "failure.hpp"
+#include "format_names.hpp"
 #include "images.hpp"
 #include "png.hpp"
 #include "pnm.hpp"
@@ -23,7 +24,7 @@ Format storedFormat(FileKind kind, Format format) {
 
 void requirePictureFormat(FileKind kind, const std::string& name, Format format) {
     const bool grey = format == Format::A8P;
-    const std::string formatName(formatInfo(format).name);
+    const std::string formatName = nameOf(format);
     if (!grey && formatInfo(format).model != Model::rgb) {
         throw Failure(name + ": pictures hold formats of RGB, and A8P as grey, not " + formatName);
     }

@@ -2,6 +2,7 @@
 #include "y4m.hpp"
 
 #include "failure.hpp"
+#include "format_names.hpp"
 #include "header.hpp"
 
 #include <algorithm>
@@ -196,9 +197,8 @@ std::unique_ptr<FrameReader> openY4m(InputFile file, const InputSettings& settin
     const std::string name = file.name();
     auto reader = std::make_unique<Y4mReader>(std::move(file));
     if (settings.format && *settings.format != reader->format()) {
-        throw Failure(name + ": holds " + std::string(formatInfo(reader->format()).name) +
-                      ", not " + std::string(formatInfo(*settings.format).name) + " as " +
-                      settings.formatOption + " says");
+        throw Failure(name + ": holds " + nameOf(reader->format()) + ", not " +
+                      nameOf(*settings.format) + " as " + settings.formatOption + " says");
     }
     return reader;
 }
@@ -222,7 +222,7 @@ std::unique_ptr<FrameWriter> createY4m(const std::string& name, const OutputSett
         return std::make_unique<Y4mWriter>(name, header);
     }
     throw Failure(name + ": Y4M holds Y8PU8PV8P (yuv422p) and Y10PU10PV10P (yuv422p10le), not " +
-                  std::string(formatInfo(settings.format).name));
+                  nameOf(settings.format));
 }
 
 }  // namespace orva::tool

@@ -1,0 +1,17 @@
+// Formats by name: found in what was typed, and told as it was typed.
+#pragma once
+
+#include <orva/convert.hpp>
+
+#include <string>
+
+namespace orva::tool {
+
+// The format with this name, which messages then call it by. Fails with a near name if there is
+// none.
+Format formatTyped(const std::string& text);
+
+// What the user calls the format; the library's name of one that was not typed.
+std::string nameOf(Format format);
+
+}  // namespace orva::tool
