@@ -65,6 +65,14 @@ endif()
 
 if(TARGET orva-cli)
   install(TARGETS orva-cli COMPONENT tools)
+  if(TARGET orva-manual)
+    install(FILES ${PROJECT_BINARY_DIR}/tools/orva/orva.1.gz
+      DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+  endif()
+  if(NOT WIN32)
+    install(FILES tools/orva/completion.bash RENAME orva
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+  endif()
 endif()
 
 set(CPACK_PACKAGE_NAME orva)

@@ -46,6 +46,7 @@ development=(include/orva/{orva.h,convert.h,convert.hpp} "$lib"liborva{,-convert
     "$lib"pkgconfig/orva{,-convert}.pc share/doc/orva/{README.md,CHANGELOG.md,COPYRIGHT}
     'share/doc/orva/docs/[a-z-]+\.(md|png)' 'share/doc/orva/examples/[a-z-]+/[^/]+')
 links=("$lib"liborva{,-convert}.so)
+tools=(bin/orva share/man/man1/orva.1.gz share/bash-completion/completions/orva)
 shared=("$lib"liborva{,-convert}.so.0{,.1.0})
 
 cat >colours <<'END'
@@ -119,7 +120,7 @@ unpack_debian_packages() {
     done
     holds liborva0.files "${shared[@]}" 'share/doc/liborva0/copyright'
     holds liborva-dev.files "${links[@]}" "${development[@]}" 'share/doc/liborva-dev/copyright'
-    holds orva-tools.files bin/orva 'share/doc/orva-tools/copyright'
+    holds orva-tools.files "${tools[@]}" 'share/doc/orva-tools/copyright'
     grep -qx 'Depends: libc6 (>= [0-9.]*)' liborva0.control || fail "what liborva0 needs"
     grep -q 'Depends: .*libstdc++6 (>= ' orva-tools.control || fail "what orva-tools needs"
     # Else those of another architecture could not be installed beside them.
@@ -130,7 +131,7 @@ unpack_debian_packages() {
 check_linux() {
     quietly "$cmake" --install "$build" --prefix "$PWD/installed"
     files_in installed >installed.files
-    holds installed.files "${shared[@]}" "${links[@]}" "${development[@]}" bin/orva
+    holds installed.files "${shared[@]}" "${links[@]}" "${development[@]}" "${tools[@]}"
     local prefix
     if command -v dpkg-shlibdeps >/dev/null; then
         unpack_debian_packages
@@ -140,7 +141,10 @@ check_linux() {
         prefix=$PWD/moved
         mv installed "$prefix"
     fi
-    "$prefix/bin/orva" formats >/dev/null || fail "the installed program"
+    "$prefix/bin/orva" selftest >/dev/null || fail "the installed program"
+    # Without the time and the name of the file that was compressed, as gzip -n leaves it.
+    [ "$(od -An -v -tx1 -N 9 "$prefix/share/man/man1/orva.1.gz" | tr -d ' ')" = 1f8b08000000000002 ] ||
+        fail "the manual page is not compressed as Debian does it"
 
     local examples=$prefix/share/doc/orva/examples where=(-DCMAKE_PREFIX_PATH="$prefix")
     if [ "$pointer_size" = 4 ]; then
@@ -258,7 +262,7 @@ check_windows() {
     picture_colours | same_colours host-cpp
     check_ring "$emulator" "$prefix/bin/capture-ring.exe"
     check_crop "$emulator" "$prefix/bin/crop-c.exe"
-    "$emulator" "$prefix/bin/orva.exe" formats >/dev/null || fail "the packaged program"
+    "$emulator" "$prefix/bin/orva.exe" selftest >/dev/null || fail "the packaged program"
 }
 
 "check_$system"
