@@ -2,7 +2,7 @@
 .PHONY: help demo test test-windows python bench bench-targets bench-convert bench-python format clean
 
 help:
-	@echo "make demo          build, convert a clip of test frames, show frames per second"
+	@echo "make demo          convert test frames, show the speed, draw the chart in every format"
 	@echo "make test          build and test the 64-bit and 32-bit Linux libraries"
 	@echo "make test-windows  build the 32-bit Windows library and test it under Wine"
 	@echo "make python        build the Python package, a wheel in build/python"
