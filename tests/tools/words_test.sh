@@ -45,7 +45,7 @@ done
 
 # Formats are called as they were typed.
 says 2 'no conversion from nv16 to gray8' convert --from nv16 --to gray8 "${size[@]}" clip.uyvy out
-says 2 'formats of RGB, not p210le' pattern --format p210le "${size[@]}" out.ppm
+says 2 'not p210le' pattern --format p210le "${size[@]}" out.ppm
 says 2 '2vuy of 63x3' info --format 2vuy --size 63x3 clip.uyvy
 says 0 '1 frame of nv16 (Y8PUV8I), 64x4' info --format nv16 "${size[@]}" clip.uyvy
 
