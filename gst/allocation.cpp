@@ -1,0 +1,48 @@
+// Cache lines in allocation queries.
+#include "allocation.hpp"
+
+#include <algorithm>
+
+namespace orva::gst {
+namespace {
+
+constexpr gsize cacheLineMask = 63;
+
+void alignPool(GstBufferPool* pool) {
+    GstStructure* config = gst_buffer_pool_get_config(pool);
+    GstAllocator* allocator = nullptr;
+    GstAllocationParams params;
+    gst_allocation_params_init(&params);
+    gst_buffer_pool_config_get_allocator(config, &allocator, &params);
+    params.align = std::max(params.align, cacheLineMask);
+    gst_buffer_pool_config_set_allocator(config, allocator, &params);
+    // A pool that cannot do it keeps the configuration that it has.
+    gst_buffer_pool_set_config(pool, config);
+}
+
+}  // namespace
+
+void alignAllocation(GstQuery* query) {
+    GstAllocator* allocator = nullptr;
+    GstAllocationParams params;
+    gst_allocation_params_init(&params);
+    if (gst_query_get_n_allocation_params(query) > 0) {
+        gst_query_parse_nth_allocation_param(query, 0, &allocator, &params);
+        params.align = std::max(params.align, cacheLineMask);
+        gst_query_set_nth_allocation_param(query, 0, allocator, &params);
+        gst_clear_object(&allocator);
+    } else {
+        params.align = cacheLineMask;
+        gst_query_add_allocation_param(query, nullptr, &params);
+    }
+    for (guint i = 0; i < gst_query_get_n_allocation_pools(query); ++i) {
+        GstBufferPool* pool = nullptr;
+        gst_query_parse_nth_allocation_pool(query, i, &pool, nullptr, nullptr, nullptr);
+        if (pool) {
+            alignPool(pool);
+            gst_object_unref(pool);
+        }
+    }
+}
+
+}  // namespace orva::gst

@@ -1,0 +1,171 @@
+// Colorimetry: how streams write it, what of it is converted, and the library's options for it.
+#include "colour.hpp"
+
+#include <algorithm>
+#include <initializer_list>
+#include <memory>
+
+namespace orva::gst {
+namespace {
+
+struct MatrixName {
+    GstVideoColorMatrix gstreamer;
+    Matrix orva;
+};
+constexpr MatrixName matrices[] = {{GST_VIDEO_COLOR_MATRIX_BT709, Matrix::bt709},
+                                   {GST_VIDEO_COLOR_MATRIX_BT601, Matrix::bt601},
+                                   {GST_VIDEO_COLOR_MATRIX_BT2020, Matrix::bt2020}};
+
+std::optional<Matrix> matrixOf(GstVideoColorMatrix matrix) {
+    const auto* entry = std::ranges::find(matrices, matrix, &MatrixName::gstreamer);
+    return entry == std::ranges::end(matrices) ? std::nullopt : std::optional(entry->orva);
+}
+
+Range rangeOf(GstVideoColorRange range) {
+    return range == GST_VIDEO_COLOR_RANGE_0_255 ? Range::full : Range::studio;
+}
+
+// Those that may stand for one another. The transfer functions of BT.601, BT.709 and BT.2020 are
+// the same.
+constexpr std::initializer_list<GstVideoTransferFunction> customaryTransfers = {
+    GST_VIDEO_TRANSFER_UNKNOWN,   GST_VIDEO_TRANSFER_BT709,     GST_VIDEO_TRANSFER_BT601,
+    GST_VIDEO_TRANSFER_BT2020_10, GST_VIDEO_TRANSFER_BT2020_12, GST_VIDEO_TRANSFER_SRGB};
+constexpr std::initializer_list<GstVideoColorPrimaries> customaryPrimaries = {
+    GST_VIDEO_COLOR_PRIMARIES_UNKNOWN, GST_VIDEO_COLOR_PRIMARIES_BT709,
+    GST_VIDEO_COLOR_PRIMARIES_SMPTE170M, GST_VIDEO_COLOR_PRIMARIES_SMPTE240M,
+    GST_VIDEO_COLOR_PRIMARIES_BT470BG};
+
+// The customary ones to each other and to what is not declared, any other to itself alone.
+template <class Value>
+std::vector<Value> sameAs(Value value, bool isDeclared, std::initializer_list<Value> customary,
+                          std::initializer_list<Value> others) {
+    std::vector<Value> result(customary);
+    if (!isDeclared || value == Value{}) {
+        result.insert(result.end(), others);
+    } else if (std::ranges::find(customary, value) == customary.end()) {
+        result = {value, Value{}};
+    }
+    return result;
+}
+
+bool isComputable(const GstVideoColorimetry& colorimetry, Model model) {
+    return model == Model::rgb ? colorimetry.range != GST_VIDEO_COLOR_RANGE_16_235
+                               : matrixOf(colorimetry.matrix).has_value();
+}
+
+std::string numbers(const GstVideoColorimetry& c) {
+    return std::to_string(c.range) + ':' + std::to_string(c.matrix) + ':' +
+           std::to_string(c.transfer) + ':' + std::to_string(c.primaries);
+}
+
+std::string nameOf(const GstVideoColorimetry& colorimetry) {
+    const std::unique_ptr<char, decltype(&g_free)> name(
+        gst_video_colorimetry_to_string(&colorimetry), g_free);
+    return name ? name.get() : numbers(colorimetry);
+}
+
+}  // namespace
+
+std::optional<GstVideoColorimetry> declaredColorimetry(const char* text, Model model) {
+    GstVideoColorimetry colorimetry;
+    if (!text || !gst_video_colorimetry_from_string(&colorimetry, text)) {
+        return std::nullopt;
+    }
+    if (model == Model::rgb) {
+        colorimetry.matrix = GST_VIDEO_COLOR_MATRIX_RGB;
+    } else if (colorimetry.matrix == GST_VIDEO_COLOR_MATRIX_RGB ||
+               colorimetry.matrix == GST_VIDEO_COLOR_MATRIX_UNKNOWN) {
+        return std::nullopt;
+    }
+    return colorimetry;
+}
+
+GstVideoColorimetry defaultColorimetry(const Format& format, int height) {
+    GstVideoInfo info;
+    gst_video_info_set_format(&info, format.gstreamer, 2, static_cast<guint>(height));
+    return info.colorimetry;
+}
+
+std::vector<std::string> convertibleColorimetries(const GstVideoColorimetry& colorimetry,
+                                                  bool isDeclared, Model from, Model to) {
+    std::vector<std::string> result;
+    if (from == to) {
+        result = {nameOf(colorimetry)};
+    }
+    if (!isComputable(colorimetry, from)) {
+        return result;
+    }
+    const auto add = [&](GstVideoColorRange range, GstVideoColorMatrix matrix) {
+        for (const auto transfer :
+             sameAs(colorimetry.transfer, isDeclared, customaryTransfers,
+                    {GST_VIDEO_TRANSFER_SMPTE2084, GST_VIDEO_TRANSFER_ARIB_STD_B67})) {
+            for (const auto primaries : sameAs(colorimetry.primaries, isDeclared,
+                                               customaryPrimaries,
+                                               {GST_VIDEO_COLOR_PRIMARIES_BT2020})) {
+                const GstVideoColorimetry target{range, matrix, transfer, primaries};
+                result.push_back(nameOf(target));
+                if (result.back() != numbers(target)) {
+                    result.push_back(numbers(target));
+                }
+            }
+        }
+    };
+    if (to == Model::rgb) {
+        add(GST_VIDEO_COLOR_RANGE_0_255, GST_VIDEO_COLOR_MATRIX_RGB);
+        return result;
+    }
+    for (const MatrixName& matrix : matrices) {
+        add(GST_VIDEO_COLOR_RANGE_16_235, matrix.gstreamer);
+        add(GST_VIDEO_COLOR_RANGE_0_255, matrix.gstreamer);
+    }
+    return result;
+}
+
+std::string preferredColorimetry(const std::optional<GstVideoColorimetry>& declared, Model from,
+                                 const Format& to, int height) {
+    GstVideoColorimetry result = defaultColorimetry(to, height);
+    if (declared && modelOf(to) == from) {
+        result = *declared;
+    } else if (declared) {
+        result.transfer = declared->transfer;
+        result.primaries = declared->primaries;
+        if (modelOf(to) == Model::ycbcr &&
+            declared->primaries == GST_VIDEO_COLOR_PRIMARIES_BT2020) {
+            result.matrix = GST_VIDEO_COLOR_MATRIX_BT2020;
+        }
+    }
+    return nameOf(result);
+}
+
+bool isCosited(GstVideoChromaSite site) {
+    return (site & GST_VIDEO_CHROMA_SITE_H_COSITED) != 0;
+}
+
+std::optional<Options> optionsFor(const GstVideoInfo& source, const GstVideoInfo& destination,
+                                  GstVideoChromaSite declaredSite, Chroma chroma) {
+    Options options;
+    const GstVideoColorimetry &from = source.colorimetry, &to = destination.colorimetry;
+    const bool fromRgb = GST_VIDEO_INFO_IS_RGB(&source), toRgb = GST_VIDEO_INFO_IS_RGB(&destination);
+    if (!fromRgb && declaredSite != GST_VIDEO_CHROMA_SITE_UNKNOWN) {
+        // Of chroma in the middle of a pair, the pair's is the nearest to either pixel.
+        options.chroma = isCosited(declaredSite) ? Chroma::cosited : Chroma::nearest;
+    } else {
+        options.chroma = chroma;
+    }
+    const bool moves = fromRgb == toRgb && from.matrix == to.matrix &&
+                       (fromRgb ? from.range == to.range : rangeOf(from.range) == rangeOf(to.range));
+    if (moves) {
+        return options;
+    }
+    if (!isComputable(from, fromRgb ? Model::rgb : Model::ycbcr) ||
+        !isComputable(to, toRgb ? Model::rgb : Model::ycbcr)) {
+        return std::nullopt;
+    }
+    options.srcMatrix = matrixOf(from.matrix).value_or(Matrix::bt709);
+    options.dstMatrix = matrixOf(to.matrix).value_or(Matrix::bt709);
+    options.srcRange = rangeOf(from.range);
+    options.dstRange = rangeOf(to.range);
+    return options;
+}
+
+}  // namespace orva::gst
