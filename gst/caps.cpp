@@ -17,9 +17,7 @@ struct FreeStructure {
 };
 using Structure = std::unique_ptr<GstStructure, FreeStructure>;
 
-Structure copyOf(const GstStructure* structure) {
-    return Structure(gst_structure_copy(structure));
-}
+Structure copyOf(const GstStructure* structure) { return Structure(gst_structure_copy(structure)); }
 
 // What a field may be, a string or a list of them; nothing if it is not there.
 std::vector<std::string> stringsOf(const GstStructure* structure, const char* field) {
@@ -91,21 +89,17 @@ std::vector<std::string> formatNames(Model model, const std::vector<const Format
     return names;
 }
 
-// Sets what the colours of a structure become. They stay open where nothing is known of them: no size
-// for GStreamer's default, or a receiver that takes any.
-void setColorimetry(GstStructure* structure, GstPadDirection direction, const Format& source,
-                    Model to) {
-    const Model from = modelOf(source);
+// Sets what the colours of a structure become. They stay open where nothing is known of them: no
+// size for GStreamer's default, or a receiver that takes any.
+void setColorimetry(GstStructure* structure, GstPadDirection direction, Model from, Model to) {
     std::vector<std::string> result;
     const auto add = [&](const std::optional<GstVideoColorimetry>& declared) {
         int height = 0;
-        if (!declared && (direction == GST_PAD_SRC ||
-                          !gst_structure_get_int(structure, "height", &height))) {
+        const bool hasHeight = gst_structure_get_int(structure, "height", &height);
+        if (!declared && (direction == GST_PAD_SRC || !hasHeight)) {
             return false;
         }
-        const auto more = convertibleColorimetries(
-            declared ? *declared : defaultColorimetry(source, height),
-            declared.has_value(), from, to);
+        const auto more = convertibleColorimetries(declared, from, to, height);
         result.insert(result.end(), more.begin(), more.end());
         return true;
     };
@@ -201,7 +195,7 @@ GstCaps* transformedCaps(GstPadDirection direction, const GstCaps* caps) {
             if (sources.empty() || !setChromaSite(other.get(), direction, from, to)) {
                 continue;
             }
-            setColorimetry(other.get(), direction, *sources.front(), to);
+            setColorimetry(other.get(), direction, from, to);
             setStrings(other.get(), "format",
                        formatNames(to, from == to ? sources : std::vector<const Format*>{}));
             if (!isEmpty(other.get(), "colorimetry")) {
@@ -244,7 +238,7 @@ GstCaps* fixatedCaps(const GstCaps* caps, GstCaps* others) {
     gst_structure_get_int(given, "height", &height);
     const std::string colorimetry = preferredColorimetry(
         declaredColorimetry(gst_structure_get_string(given, "colorimetry"), modelOf(*from)),
-        modelOf(*from), *to, height);
+        modelOf(*from), modelOf(*to), height);
     gst_structure_fixate_field_string(structure, "colorimetry", colorimetry.c_str());
     return gst_caps_fixate(chosen);
 }

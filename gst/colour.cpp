@@ -53,6 +53,14 @@ bool isComputable(const GstVideoColorimetry& colorimetry, Model model) {
                                : matrixOf(colorimetry.matrix).has_value();
 }
 
+GstVideoColorimetry defaultColorimetry(Model model, int height) {
+    GstVideoInfo info;
+    gst_video_info_set_format(&info,
+                              model == Model::rgb ? GST_VIDEO_FORMAT_BGRA : GST_VIDEO_FORMAT_UYVY,
+                              2, static_cast<guint>(height));
+    return info.colorimetry;
+}
+
 std::string numbers(const GstVideoColorimetry& c) {
     return std::to_string(c.range) + ':' + std::to_string(c.matrix) + ':' +
            std::to_string(c.transfer) + ':' + std::to_string(c.primaries);
@@ -80,33 +88,40 @@ std::optional<GstVideoColorimetry> declaredColorimetry(const char* text, Model m
     return colorimetry;
 }
 
-GstVideoColorimetry defaultColorimetry(const Format& format, int height) {
-    GstVideoInfo info;
-    gst_video_info_set_format(&info, format.gstreamer, 2, static_cast<guint>(height));
-    return info.colorimetry;
+std::string preferredColorimetry(const std::optional<GstVideoColorimetry>& declared, Model from,
+                                 Model to, int height) {
+    if (declared && from == to) {
+        return nameOf(*declared);
+    }
+    GstVideoColorimetry result = defaultColorimetry(to, height);
+    if (declared) {
+        result.transfer = declared->transfer;
+        result.primaries = declared->primaries;
+        if (to == Model::ycbcr && declared->primaries == GST_VIDEO_COLOR_PRIMARIES_BT2020) {
+            result.matrix = GST_VIDEO_COLOR_MATRIX_BT2020;
+        }
+    }
+    return nameOf(result);
 }
 
-std::vector<std::string> convertibleColorimetries(const GstVideoColorimetry& colorimetry,
-                                                  bool isDeclared, Model from, Model to) {
-    std::vector<std::string> result;
-    if (from == to) {
-        result = {nameOf(colorimetry)};
+std::vector<std::string>
+convertibleColorimetries(const std::optional<GstVideoColorimetry>& declared, Model from, Model to,
+                         int height) {
+    std::vector<std::string> result = {preferredColorimetry(declared, from, to, height)};
+    const GstVideoColorimetry source = declared.value_or(defaultColorimetry(from, height));
+    if (!isComputable(source, from)) {
+        return from == to ? result : std::vector<std::string>{};
     }
-    if (!isComputable(colorimetry, from)) {
-        return result;
-    }
+    const auto transfers = sameAs(source.transfer, declared.has_value(), customaryTransfers,
+                                  {GST_VIDEO_TRANSFER_SMPTE2084, GST_VIDEO_TRANSFER_ARIB_STD_B67});
+    const auto primaries = sameAs(source.primaries, declared.has_value(), customaryPrimaries,
+                                  {GST_VIDEO_COLOR_PRIMARIES_BT2020});
     const auto add = [&](GstVideoColorRange range, GstVideoColorMatrix matrix) {
-        for (const auto transfer :
-             sameAs(colorimetry.transfer, isDeclared, customaryTransfers,
-                    {GST_VIDEO_TRANSFER_SMPTE2084, GST_VIDEO_TRANSFER_ARIB_STD_B67})) {
-            for (const auto primaries : sameAs(colorimetry.primaries, isDeclared,
-                                               customaryPrimaries,
-                                               {GST_VIDEO_COLOR_PRIMARIES_BT2020})) {
-                const GstVideoColorimetry target{range, matrix, transfer, primaries};
+        for (const GstVideoTransferFunction transfer : transfers) {
+            for (const GstVideoColorPrimaries primary : primaries) {
+                const GstVideoColorimetry target{range, matrix, transfer, primary};
                 result.push_back(nameOf(target));
-                if (result.back() != numbers(target)) {
-                    result.push_back(numbers(target));
-                }
+                result.push_back(numbers(target));
             }
         }
     };
@@ -121,39 +136,23 @@ std::vector<std::string> convertibleColorimetries(const GstVideoColorimetry& col
     return result;
 }
 
-std::string preferredColorimetry(const std::optional<GstVideoColorimetry>& declared, Model from,
-                                 const Format& to, int height) {
-    GstVideoColorimetry result = defaultColorimetry(to, height);
-    if (declared && modelOf(to) == from) {
-        result = *declared;
-    } else if (declared) {
-        result.transfer = declared->transfer;
-        result.primaries = declared->primaries;
-        if (modelOf(to) == Model::ycbcr &&
-            declared->primaries == GST_VIDEO_COLOR_PRIMARIES_BT2020) {
-            result.matrix = GST_VIDEO_COLOR_MATRIX_BT2020;
-        }
-    }
-    return nameOf(result);
-}
-
-bool isCosited(GstVideoChromaSite site) {
-    return (site & GST_VIDEO_CHROMA_SITE_H_COSITED) != 0;
-}
+bool isCosited(GstVideoChromaSite site) { return (site & GST_VIDEO_CHROMA_SITE_H_COSITED) != 0; }
 
 std::optional<Options> optionsFor(const GstVideoInfo& source, const GstVideoInfo& destination,
                                   GstVideoChromaSite declaredSite, Chroma chroma) {
     Options options;
     const GstVideoColorimetry &from = source.colorimetry, &to = destination.colorimetry;
-    const bool fromRgb = GST_VIDEO_INFO_IS_RGB(&source), toRgb = GST_VIDEO_INFO_IS_RGB(&destination);
+    const bool fromRgb = GST_VIDEO_INFO_IS_RGB(&source),
+               toRgb = GST_VIDEO_INFO_IS_RGB(&destination);
     if (!fromRgb && declaredSite != GST_VIDEO_CHROMA_SITE_UNKNOWN) {
         // Of chroma in the middle of a pair, the pair's is the nearest to either pixel.
         options.chroma = isCosited(declaredSite) ? Chroma::cosited : Chroma::nearest;
     } else {
         options.chroma = chroma;
     }
-    const bool moves = fromRgb == toRgb && from.matrix == to.matrix &&
-                       (fromRgb ? from.range == to.range : rangeOf(from.range) == rangeOf(to.range));
+    const bool moves =
+        fromRgb == toRgb && from.matrix == to.matrix &&
+        (fromRgb ? from.range == to.range : rangeOf(from.range) == rangeOf(to.range));
     if (moves) {
         return options;
     }

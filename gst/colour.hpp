@@ -1,5 +1,5 @@
-// What the colours of a stream mean: GStreamer's colorimetry and chroma sites, and which of them the
-// checked library brings into which.
+// What the colours of a stream mean: GStreamer's colorimetry and chroma sites, and which of them
+// the checked library brings into which.
 #pragma once
 
 #include "formats.hpp"
@@ -14,20 +14,19 @@ namespace orva::gst {
 // empty if there is no text, or none that fits, so that GStreamer's default holds.
 std::optional<GstVideoColorimetry> declaredColorimetry(const char* text, Model model);
 
-// GStreamer's default: of YCbCr the height decides.
-GstVideoColorimetry defaultColorimetry(const Format& format, int height);
-
-// Every way to write the colorimetries that a stream can be converted to, or from. `isDeclared` is
-// whether its transfer function and primaries are: what is not declared may be declared as anything.
+// Every way to write the colorimetries that a stream can be converted to, or from; the one to
+// choose where there is a choice comes first. Of a stream that declares none GStreamer's default
+// holds, which of YCbCr the height decides, but what is not declared may be declared as anything.
 //
 // The library computes matrices and ranges; transfer functions and primaries stay. Those of BT.601,
 // BT.709 and sRGB count as the same, as they do to cameras, mixers and screens for such video.
-std::vector<std::string> convertibleColorimetries(const GstVideoColorimetry& colorimetry,
-                                                  bool isDeclared, Model from, Model to);
+std::vector<std::string>
+convertibleColorimetries(const std::optional<GstVideoColorimetry>& declared, Model from, Model to,
+                         int height);
 
-// The one among them to choose for a picture of this format and height, where there is a choice.
+// The one to choose.
 std::string preferredColorimetry(const std::optional<GstVideoColorimetry>& declared, Model from,
-                                 const Format& to, int height);
+                                 Model to, int height);
 
 // Whether chroma of a site that caps declare lies on the even pixels of a row.
 bool isCosited(GstVideoChromaSite site);

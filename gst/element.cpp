@@ -1,4 +1,5 @@
-// The element's class: properties, and what GStreamer asks of a filter, handed on to the other files.
+// The element's class: properties, and what GStreamer asks of a filter, handed on to the other
+// files.
 #include "element.hpp"
 
 #include "allocation.hpp"
@@ -35,9 +36,7 @@ namespace {
 
 enum Property : guint { propertyThreads = 1, propertyChroma, propertyAlpha };
 
-OrvaConvert* elementOf(void* object) {
-    return static_cast<OrvaConvert*>(object);
-}
+OrvaConvert* elementOf(void* object) { return static_cast<OrvaConvert*>(object); }
 
 GType chromaType() {
     static const GEnumValue values[] = {
@@ -93,24 +92,24 @@ void getProperty(GObject* object, guint id, GValue* value, GParamSpec* spec) {
 }
 
 void addProperties(GObjectClass* object) {
-    const auto flags =
-        static_cast<GParamFlags>(G_PARAM_READWRITE | G_PARAM_STATIC_STRINGS);
+    const auto flags = static_cast<GParamFlags>(G_PARAM_READWRITE | G_PARAM_STATIC_STRINGS);
     g_object_class_install_property(
         object, propertyThreads,
-        g_param_spec_uint("n-threads", "Threads",
-                          "Threads that convert the rows of a frame together; 0: one for each processor",
-                          0, 1024, 1, static_cast<GParamFlags>(flags | GST_PARAM_MUTABLE_READY)));
+        g_param_spec_uint(
+            "n-threads", "Threads",
+            "Threads that convert the rows of a frame together; 0: one for each processor", 0, 1024,
+            1, static_cast<GParamFlags>(flags | GST_PARAM_MUTABLE_READY)));
     g_object_class_install_property(
         object, propertyChroma,
-        g_param_spec_enum("chroma", "Chroma",
-                          "How chroma is made of RGB, and where it lies in YCbCr whose caps do not say so",
-                          chromaType(), static_cast<gint>(Chroma::cosited),
-                          static_cast<GParamFlags>(flags | GST_PARAM_MUTABLE_PLAYING)));
+        g_param_spec_enum(
+            "chroma", "Chroma",
+            "How chroma is made of RGB, and where it lies in YCbCr whose caps do not say so",
+            chromaType(), static_cast<gint>(Chroma::cosited),
+            static_cast<GParamFlags>(flags | GST_PARAM_MUTABLE_PLAYING)));
     g_object_class_install_property(
         object, propertyAlpha,
-        g_param_spec_int("alpha", "Alpha",
-                         "Alpha of all pixels where the incoming format has none", 0, 255, 255,
-                         static_cast<GParamFlags>(flags | GST_PARAM_MUTABLE_PLAYING)));
+        g_param_spec_int("alpha", "Alpha", "Alpha of all pixels where the incoming format has none",
+                         0, 255, 255, static_cast<GParamFlags>(flags | GST_PARAM_MUTABLE_PLAYING)));
 }
 
 // ---- Streams ------------------------------------------------------------------------------------
@@ -162,11 +161,9 @@ GstFlowReturn transformFrame(GstVideoFilter* filter, GstVideoFrame* source,
         return GST_FLOW_NOT_NEGOTIATED;
     }
     options->alpha = alpha;
-    const auto height =
-        static_cast<std::uint32_t>(GST_VIDEO_INFO_FIELD_HEIGHT(&filter->in_info));
-    const Result result = self->tasks->run(height, [&](RowRange rows) {
-        return convertRows(*source, *destination, *options, rows);
-    });
+    const auto height = static_cast<std::uint32_t>(GST_VIDEO_INFO_FIELD_HEIGHT(&filter->in_info));
+    const Result result = self->tasks->run(
+        height, [&](RowRange rows) { return convertRows(*source, *destination, *options, rows); });
     if (!result) {
         GST_ELEMENT_ERROR(self, STREAM, FORMAT, ("A frame does not fit into its buffer."),
                           ("%s", result.describe().c_str()));

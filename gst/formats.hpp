@@ -20,9 +20,7 @@ std::span<const Format> formats();
 // The entry of a format; null for one that is not converted.
 const Format* formatOf(GstVideoFormat format);
 
-inline Model modelOf(const Format& format) {
-    return formatInfo(format.orva).model;
-}
+inline Model modelOf(const Format& format) { return formatInfo(format.orva).model; }
 
 // What a change of format costs: 0 for none, more the more of the picture it loses or computes.
 int costOf(const Format& from, const Format& to);

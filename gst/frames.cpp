@@ -1,4 +1,5 @@
-// Planes of GStreamer's frames, and what of them the library does not know: bytes that are no alpha.
+// Planes of GStreamer's frames, and what of them the library does not know: bytes that are no
+// alpha.
 #include "frames.hpp"
 
 #include <algorithm>

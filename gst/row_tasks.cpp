@@ -16,9 +16,7 @@ struct Task {
     void run() { result = (*work)(rows); }
 };
 
-void runTask(void* task) {
-    static_cast<Task*>(task)->run();
-}
+void runTask(void* task) { static_cast<Task*>(task)->run(); }
 
 }  // namespace
 
@@ -39,7 +37,9 @@ RowTasks::~RowTasks() {
 
 Result RowTasks::run(std::uint32_t height, const std::function<Result(RowRange)>& work) const {
     const std::uint64_t count = std::min(threads, height);
-    const auto rowAt = [&](std::uint64_t i) { return static_cast<std::uint32_t>(height * i / count); };
+    const auto rowAt = [&](std::uint64_t i) {
+        return static_cast<std::uint32_t>(height * i / count);
+    };
     std::vector<Task> tasks(count);
     for (std::uint64_t i = 0; i < count; ++i) {
         tasks[i].work = &work;
