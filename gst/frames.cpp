@@ -38,18 +38,23 @@ ImageView viewOf(const GstVideoFrame& frame, const Format& format) {
 }
 
 // The rows of a format whose fourth byte means nothing, for a format with alpha: by way of one
-// without any, so that all alpha is the option's. What lies between stays in the first-level cache.
+// without any, so that all alpha is the option's. What lies between stays in the caches, and what
+// goes out past them: the library would see some rows of a small picture, where a whole one is
+// large.
 Result convertWithoutFourthByte(const ConstImageView& source, const ImageView& destination,
-                                const Options& options, RowRange rows) {
-    constexpr std::uint64_t bytesBetween = 16384;
+                                Options options, RowRange rows) {
+    constexpr std::uint64_t bytesBetween = 65536, bytesOfLarge = 2'000'000;
+    constexpr orva::Format betweenFormat = orva::Format::BGR24I;
     const auto stripRows = static_cast<std::uint32_t>(std::clamp<std::uint64_t>(
-        bytesBetween / rowBytes(orva::Format::BGR24I, mainPlane, source.width), 1, rows.count));
-    auto strip = Image::create(orva::Format::BGR24I, source.width, stripRows);
+        bytesBetween / rowBytes(betweenFormat, mainPlane, source.width), 1, rows.count));
+    auto strip = Image::create(betweenFormat, source.width, stripRows);
     if (!strip) {
         return {ErrorCode::badSize, "width", source.width, "there is no memory for a row"};
     }
-    Result result;
-    for (std::uint32_t done = 0; done < rows.count && result; done += stripRows) {
+    if (std::uint64_t{8} * source.width * source.height >= bytesOfLarge) {
+        options.streaming = Streaming::always;
+    }
+    for (std::uint32_t done = 0; done < rows.count; done += stripRows) {
         const std::uint32_t first = rows.first + done;
         const std::uint32_t count = std::min(stripRows, rows.count - done);
         const auto from = source.cropped(0, first, source.width, count);
@@ -58,12 +63,14 @@ Result convertWithoutFourthByte(const ConstImageView& source, const ImageView& d
         if (!from || !between || !to) {
             return convert(source, destination, options, {first, count});  // says what is wrong
         }
-        result = convert(*from, *between);
-        if (result) {
-            result = convert(*between, *to, options);
+        if (const Result result = convert(*from, *between); !result) {
+            return result;
+        }
+        if (const Result result = convert(*between, *to, options); !result) {
+            return result;
         }
     }
-    return result;
+    return {};
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Negotiation: what the element claims and chooses, and which matrix, range and chroma it takes from
-// caps.
+// Negotiation: what the element claims and chooses, and which matrix, range and chroma it takes
+// from caps.
 #include "gst/frames.hpp"
 
 #include <gtest/gtest.h>
@@ -48,7 +48,12 @@ TEST(Caps, TellMatrixRangeAndChroma) {
         {"BGRA", "colorimetry=sRGB", "UYVY", "colorimetry=bt709", 8, {bt709, bt709}},
         {"BGRA", "colorimetry=1:1:14:7", "v210", "colorimetry=bt2100-pq", 8, {bt709, bt2020}},
         {"UYVY", "colorimetry=bt601", "UYVY", "colorimetry=bt709", 8, {bt601, bt709}},
-        {"UYVY", "colorimetry=bt709", "v210", "colorimetry=1:4:16:4", 8, {bt709, bt601, studio, full}},
+        {"UYVY",
+         "colorimetry=bt709",
+         "v210",
+         "colorimetry=1:4:16:4",
+         8,
+         {bt709, bt601, studio, full}},
         {"UYVY", "colorimetry=bt709", "v210", "colorimetry=2:3:5:1", 8, {bt709, bt709}},
         // Where samples only move, any matrix does.
         {"UYVY", "colorimetry=smpte240m", "NV16", "", 8, {}},
@@ -113,14 +118,14 @@ TEST(Caps, ChooseTheFormatThatCostsLeast) {
     EXPECT_EQ(chosen("RGB", "{ARGB,BGRx}"), "BGRx");
 }
 
-// Rate, aspect, interlacing and whatever else caps tell stay; what is not about colour any more goes.
+// Rate, aspect, interlacing and whatever else caps tell stay; what is not about colour any more
+// goes.
 TEST(Caps, KeepTheRest) {
     const std::string rest = "pixel-aspect-ratio=(fraction)12/11,interlace-mode=(string)mixed,"
                              "multiview-mode=(string)mono,anything=(int)5";
     Element element(capsOf("UYVY", 36, 8, rest + ",chroma-site=mpeg2,colorimetry=bt709"),
                     "video/x-raw,format=BGRA");
-    const std::string expected =
-        capsOf("BGRA", 36, 8, rest + ",colorimetry=1:1:5:1");
+    const std::string expected = capsOf("BGRA", 36, 8, rest + ",colorimetry=1:1:5:1");
     GstCaps* caps = gst_caps_from_string(expected.c_str());
     GstCaps* made = gst_pad_get_current_caps(element.harness->sinkpad);
     EXPECT_TRUE(gst_caps_is_equal(made, caps)) << element.outCaps();

@@ -24,8 +24,9 @@ TEST(Element, MakesTheLibrarysBytesOfEveryPair) {
                 const std::string in = capsOf(from.name, width, height);
                 const std::string out = capsOf(to.name, width, height);
                 const int alpha = static_cast<int>(pick(random, 256));
-                Element element(in, out, "n-threads=" + std::to_string(1 + pick(random, 4)) +
-                                             " alpha=" + std::to_string(alpha));
+                Element element(in, out,
+                                "n-threads=" + std::to_string(1 + pick(random, 4)) +
+                                    " alpha=" + std::to_string(alpha));
                 const Buffer frame = plainFrame(in, random);
                 EXPECT_TRUE(isConverted(frame, in, element(frame), out, sdOptions(alpha)))
                     << in << " to " << out;
@@ -55,8 +56,8 @@ TEST(Element, TakesStridesUpwardsAndRefusesThoseThatLeaveTheBuffer) {
     const auto push = [&](gsize offset, gint stride) {
         Element element(in, out);
         const Buffer frame = plainFrame(in, random);
-        gst_buffer_add_video_meta_full(frame.get(), GST_VIDEO_FRAME_FLAG_NONE, GST_VIDEO_FORMAT_UYVY,
-                                       16, 4, 1, &offset, &stride);
+        gst_buffer_add_video_meta_full(frame.get(), GST_VIDEO_FRAME_FLAG_NONE,
+                                       GST_VIDEO_FORMAT_UYVY, 16, 4, 1, &offset, &stride);
         const GstFlowReturn flow = gst_harness_push(element.harness, gst_buffer_ref(frame.get()));
         const Buffer made(gst_harness_try_pull(element.harness));
         return flow == GST_FLOW_OK && isConverted(frame, in, made, out, sdOptions());
@@ -92,8 +93,7 @@ TEST(Element, FollowsAStreamThatChanges) {
     GstSegment segment;
     gst_segment_init(&segment, GST_FORMAT_TIME);
     EXPECT_TRUE(gst_harness_push_event(element.harness, gst_event_new_flush_start()));
-    EXPECT_EQ(gst_harness_push(element.harness,
-                               plainFrame(capsOf("RGB", 33, 5), random).release()),
+    EXPECT_EQ(gst_harness_push(element.harness, plainFrame(capsOf("RGB", 33, 5), random).release()),
               GST_FLOW_FLUSHING);
     EXPECT_TRUE(gst_harness_push_event(element.harness, gst_event_new_flush_stop(TRUE)));
     EXPECT_TRUE(gst_harness_push_event(element.harness, gst_event_new_segment(&segment)));

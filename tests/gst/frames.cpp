@@ -40,8 +40,9 @@ const NamedFormat& formatOf(const GstVideoInfo& info) {
 // The frame's rows, without what lies between them.
 orva::Image readFrame(const Buffer& buffer, GstVideoInfo info) {
     const orva::Format format = formatOf(info).orva;
-    auto image = orva::Image::create(format, static_cast<std::uint32_t>(info.width),
-                                     static_cast<std::uint32_t>(GST_VIDEO_INFO_FIELD_HEIGHT(&info)));
+    auto image =
+        orva::Image::create(format, static_cast<std::uint32_t>(info.width),
+                            static_cast<std::uint32_t>(GST_VIDEO_INFO_FIELD_HEIGHT(&info)));
     GstVideoFrame frame;
     if (!image || !gst_video_frame_map(&frame, &info, buffer.get(), GST_MAP_READ)) {
         g_error("a frame cannot be read");
@@ -95,8 +96,8 @@ Buffer paddedFrame(const std::string& caps, Random& random, bool isInPieces) {
     Buffer buffer(gst_buffer_new());
     gsize size = 0;
     for (guint plane = 0; plane < info.finfo->n_planes; ++plane) {
-        strides[plane] = GST_VIDEO_INFO_PLANE_STRIDE(&info, plane) +
-                         static_cast<gint>(2 * pick(random, 40));
+        strides[plane] =
+            GST_VIDEO_INFO_PLANE_STRIDE(&info, plane) + static_cast<gint>(2 * pick(random, 40));
         offsets[plane] = size + 2 * pick(random, 40);
         const gsize end = offsets[plane] + static_cast<gsize>(strides[plane] * info.height);
         if (isInPieces) {
@@ -143,7 +144,8 @@ bool isConverted(const Buffer& in, const std::string& inCaps, const Buffer& out,
         return false;
     }
     const GstVideoInfo from = infoOf(inCaps), to = infoOf(outCaps);
-    orva::Image source = readFrame(in, from), result = readFrame(out, to), expected = readFrame(out, to);
+    orva::Image source = readFrame(in, from), result = readFrame(out, to),
+                expected = readFrame(out, to);
     setPadding(source, formatOf(from), options.alpha);
     if (const auto done = orva::convert(source.view(), expected.view(), options); !done) {
         g_error("%s", done.describe().c_str());

@@ -20,14 +20,14 @@ struct NamedFormat {
     int padding = -1;  // where a pixel has a byte that means nothing
 };
 inline constexpr NamedFormat namedFormats[] = {
-    {"UYVY", orva::Format::UYVY16I},      {"YUY2", orva::Format::YUYV16I},
-    {"NV16", orva::Format::Y8PUV8I},      {"Y42B", orva::Format::Y8PU8PV8P},
-    {"v210", orva::Format::V210},         {"I422_10LE", orva::Format::Y10PU10PV10P},
-    {"BGRA", orva::Format::BGR32I},       {"RGBA", orva::Format::RGB32I},
-    {"ARGB", orva::Format::ARGB32I},      {"ABGR", orva::Format::ABGR32I},
-    {"BGR", orva::Format::BGR24I},        {"RGB", orva::Format::RGB24I},
-    {"BGRx", orva::Format::BGR32I, 3},    {"RGBx", orva::Format::RGB32I, 3},
-    {"xRGB", orva::Format::ARGB32I, 0},   {"xBGR", orva::Format::ABGR32I, 0}};
+    {"UYVY", orva::Format::UYVY16I},    {"YUY2", orva::Format::YUYV16I},
+    {"NV16", orva::Format::Y8PUV8I},    {"Y42B", orva::Format::Y8PU8PV8P},
+    {"v210", orva::Format::V210},       {"I422_10LE", orva::Format::Y10PU10PV10P},
+    {"BGRA", orva::Format::BGR32I},     {"RGBA", orva::Format::RGB32I},
+    {"ARGB", orva::Format::ARGB32I},    {"ABGR", orva::Format::ABGR32I},
+    {"BGR", orva::Format::BGR24I},      {"RGB", orva::Format::RGB24I},
+    {"BGRx", orva::Format::BGR32I, 3},  {"RGBx", orva::Format::RGB32I, 3},
+    {"xRGB", orva::Format::ARGB32I, 0}, {"xBGR", orva::Format::ABGR32I, 0}};
 const NamedFormat& formatNamed(const std::string& name);
 
 struct FreeBuffer {
