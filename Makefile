@@ -1,5 +1,5 @@
 # What can be done here; the work is in scripts/.
-.PHONY: help demo test test-windows python bench bench-targets bench-convert bench-python format clean
+.PHONY: help demo test test-windows python bench bench-targets bench-convert bench-gstreamer bench-python format clean
 
 help:
 	@echo "make demo          convert test frames, show the speed, draw the chart in every format"
@@ -9,6 +9,7 @@ help:
 	@echo "make bench         compare the speed with memory's and with other libraries', takes minutes"
 	@echo "make bench-targets the same, judged, and the 32-bit build's"
 	@echo "make bench-convert the checked library instead: every pair of formats, judged"
+	@echo "make bench-gstreamer the element for GStreamer, beside another one"
 	@echo "make bench-python  the Python package, beside another one"
 	@echo "make format        format all sources"
 	@echo "make clean         remove build/"
@@ -40,6 +41,10 @@ bench-targets:
 bench-convert:
 	@scripts/install-deps bench
 	@scripts/bench --convert
+
+bench-gstreamer:
+	@scripts/install-deps bench-gstreamer
+	@scripts/bench-gstreamer
 
 bench-python:
 	@scripts/install-deps bench-python

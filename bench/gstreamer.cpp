@@ -1,6 +1,6 @@
 // orva-bench-gstreamer: the element orvaconvert beside GStreamer's videoconvert, as tables in
-// Markdown. Both convert the same buffers in turn, round by round, so that whatever else the machine
-// does meets both; the fastest round of each counts.
+// Markdown. Both convert the same buffers in turn, round by round, so that whatever else the
+// machine does meets both; the fastest round of each counts.
 #include <gst/check/gstharness.h>
 #include <gst/video/video.h>
 
@@ -161,9 +161,10 @@ int main(int argc, char** argv) {
         }
         std::printf("\n");
     }
-    std::printf("%s\n", isEnough ? "All are as fast as wanted: 4 times where colours are computed, once "
-                                   "where samples move."
-                                 : "Less than wanted, 4 times where colours are computed and once where "
-                                   "samples move, is in bold.");
+    std::printf("%s\n", isEnough
+                            ? "All are as fast as wanted: 4 times where colours are computed, once "
+                              "where samples move."
+                            : "Less than wanted, 4 times where colours are computed and once where "
+                              "samples move, is in bold.");
     return isEnough ? 0 : 1;
 }

@@ -57,3 +57,12 @@ if(TARGET orva-cli)
 patterns and pictures.")
   orva_depends_on_system(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS libc6 libgcc-s1 libstdc++6)
 endif()
+
+if(TARGET gstorva)
+  orva_debian_package(gstreamer gstreamer1.0-orva libs same
+    "The element orvaconvert for GStreamer, which converts between YCbCr 4:2:2 of 8 and 10 bits
+and RGB.")
+  # Where its dependencies are looked up, the library that is not installed yet.
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+  set(CPACK_DEBIAN_GSTREAMER_PACKAGE_DEPENDS "liborva0 (= ${PROJECT_VERSION})")
+endif()

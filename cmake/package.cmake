@@ -2,8 +2,8 @@
 # .zip (Windows). Hosts find the libraries with find_package(orva) or pkg-config; their files work
 # out their prefix from where they lie, so an installed tree may be moved.
 #
-# Components are the packages for Debian: runtime (liborva0), development (liborva-dev) and tools
-# (orva-tools). A further package is a component in debian_packages.cmake and in its install rules.
+# Components are the packages for Debian: runtime (liborva0), development (liborva-dev), tools
+# (orva-tools) and gstreamer (gstreamer1.0-orva). A further package is a component in debian_packages.cmake and in its install rules.
 
 # Where Debian keeps libraries, so that those of several architectures can be installed at once.
 if(NOT CMAKE_CROSSCOMPILING AND NOT DEFINED CMAKE_INSTALL_LIBDIR AND EXISTS /etc/debian_version)
@@ -73,6 +73,9 @@ if(TARGET orva-cli)
     install(FILES tools/orva/completion.bash RENAME orva
       DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
   endif()
+endif()
+if(TARGET gstorva)
+  install(TARGETS gstorva DESTINATION ${CMAKE_INSTALL_LIBDIR}/gstreamer-1.0 COMPONENT gstreamer)
 endif()
 
 set(CPACK_PACKAGE_NAME orva)

@@ -48,6 +48,8 @@ development=(include/orva/{orva.h,convert.h,convert.hpp} "$lib"liborva{,-convert
 links=("$lib"liborva{,-convert}.so)
 tools=(bin/orva share/man/man1/orva.1.gz share/bash-completion/completions/orva)
 shared=("$lib"liborva{,-convert}.so.0{,.1.0})
+plugin=()  # for GStreamer, if it was built
+[ ! -e "$build/gst/libgstorva.so" ] || plugin=("$lib"gstreamer-1.0/libgstorva.so)
 
 cat >colours <<'END'
 red 255  green 255  blue 255  alpha 255
@@ -121,6 +123,11 @@ unpack_debian_packages() {
     holds liborva0.files "${shared[@]}" 'share/doc/liborva0/copyright'
     holds liborva-dev.files "${links[@]}" "${development[@]}" 'share/doc/liborva-dev/copyright'
     holds orva-tools.files "${tools[@]}" 'share/doc/orva-tools/copyright'
+    if [ ${#plugin[@]} -gt 0 ]; then
+        holds gstreamer1.0-orva.files "${plugin[@]}" 'share/doc/gstreamer1.0-orva/copyright'
+        grep -q 'Depends: liborva0 (= .*libgstreamer-plugins-base1.0-0 (>= ' gstreamer1.0-orva.control ||
+            fail "what gstreamer1.0-orva needs"
+    fi
     grep -qx 'Depends: libc6 (>= [0-9.]*)' liborva0.control || fail "what liborva0 needs"
     grep -q 'Depends: .*libstdc++6 (>= ' orva-tools.control || fail "what orva-tools needs"
     # Else those of another architecture could not be installed beside them.
@@ -131,7 +138,8 @@ unpack_debian_packages() {
 check_linux() {
     quietly "$cmake" --install "$build" --prefix "$PWD/installed"
     files_in installed >installed.files
-    holds installed.files "${shared[@]}" "${links[@]}" "${development[@]}" "${tools[@]}"
+    holds installed.files "${shared[@]}" "${links[@]}" "${development[@]}" "${tools[@]}" \
+        ${plugin[@]+"${plugin[@]}"}
     local prefix
     if command -v dpkg-shlibdeps >/dev/null; then
         unpack_debian_packages
@@ -174,6 +182,10 @@ check_linux() {
     read -ra checked <<<"$(pkg-config --cflags --libs orva-convert)"
     read -ra static <<<"$(pkg-config --static --cflags --libs orva-convert)"
 
+    if [ ${#plugin[@]} -gt 0 ] && command -v gst-inspect-1.0 >/dev/null; then
+        GST_REGISTRY=$PWD/registry GST_PLUGIN_PATH=$LD_LIBRARY_PATH/gstreamer-1.0 \
+            gst-inspect-1.0 orvaconvert >/dev/null || fail "the installed element"
+    fi
     build_c plain "$examples/host-c/main.c" "${exports[@]}"
     ./plain | same_colours "host-c by pkg-config"
     build_c checked "$here/checked-host/main.c" "${checked[@]}"
