@@ -106,6 +106,9 @@ void setColorimetry(GstStructure* structure, GstPadDirection direction, Model fr
     const std::vector<std::string> texts = stringsOf(structure, "colorimetry");
     bool isKnown = !texts.empty() || add(std::nullopt);
     for (const std::string& text : texts) {
+        if (from == to) {
+            result.push_back(text);  // as it is written
+        }
         isKnown = add(declaredColorimetry(text.c_str(), from)) && isKnown;
     }
     if (isKnown) {
@@ -142,20 +145,17 @@ bool isEmpty(const GstStructure* structure, const char* field) {
 
 // Whether frames with these features are in memory that can be converted.
 bool isInMemory(const GstCapsFeatures* features) {
-    static const std::unique_ptr<GstCapsFeatures, decltype(&gst_caps_features_free)> fields(
-        gst_caps_features_new(GST_CAPS_FEATURE_FORMAT_INTERLACED, nullptr), gst_caps_features_free),
-        fieldsInMemory(gst_caps_features_new(GST_CAPS_FEATURE_MEMORY_SYSTEM_MEMORY,
-                                             GST_CAPS_FEATURE_FORMAT_INTERLACED, nullptr),
-                       gst_caps_features_free);
-    return !gst_caps_features_is_any(features) &&
-           (gst_caps_features_is_equal(features, GST_CAPS_FEATURES_MEMORY_SYSTEM_MEMORY) ||
-            gst_caps_features_is_equal(features, fields.get()) ||
-            gst_caps_features_is_equal(features, fieldsInMemory.get()));
-}
-
-void setFormat(GstStructure* structure, const Format& format) {
-    gst_structure_set(structure, "format", G_TYPE_STRING,
-                      gst_video_format_to_string(format.gstreamer), nullptr);
+    if (gst_caps_features_is_any(features)) {
+        return false;
+    }
+    for (guint i = 0; i < gst_caps_features_get_size(features); ++i) {
+        const std::string_view feature = gst_caps_features_get_nth(features, i);
+        if (feature != GST_CAPS_FEATURE_MEMORY_SYSTEM_MEMORY &&
+            feature != GST_CAPS_FEATURE_FORMAT_INTERLACED) {
+            return false;
+        }
+    }
+    return true;
 }
 
 }  // namespace
@@ -232,7 +232,8 @@ GstCaps* fixatedCaps(const GstCaps* caps, GstCaps* others) {
     GstCaps* chosen = gst_caps_copy_nth(others, best);
     gst_caps_unref(others);
     GstStructure* structure = gst_caps_get_structure(chosen, 0);
-    setFormat(structure, *to);
+    gst_structure_set(structure, "format", G_TYPE_STRING, gst_video_format_to_string(to->gstreamer),
+                      nullptr);
 
     int height = 0;
     gst_structure_get_int(given, "height", &height);

@@ -10,6 +10,8 @@
 
 #include <gst/video/gstvideofilter.h>
 
+#include <utility>
+
 GST_DEBUG_CATEGORY_STATIC(orvaDebug);
 #define GST_CAT_DEFAULT orvaDebug
 
@@ -140,11 +142,11 @@ gboolean setInfo(GstVideoFilter* filter, GstCaps* sourceCaps, GstVideoInfo* sour
                          static_cast<void*>(sourceCaps), static_cast<void*>(destinationCaps));
         return FALSE;
     }
-    // Caps may say the same in other words.
+    // Caps may differ in what changes no byte.
+    const GstVideoColorimetry &from = source->colorimetry, &to = destination->colorimetry;
     gst_base_transform_set_passthrough(
-        &filter->element,
-        GST_VIDEO_INFO_FORMAT(source) == GST_VIDEO_INFO_FORMAT(destination) &&
-            gst_video_colorimetry_is_equal(&source->colorimetry, &destination->colorimetry));
+        &filter->element, GST_VIDEO_INFO_FORMAT(source) == GST_VIDEO_INFO_FORMAT(destination) &&
+                              from.matrix == to.matrix && from.range == to.range);
     return TRUE;
 }
 

@@ -57,6 +57,7 @@ TEST(Caps, TellMatrixRangeAndChroma) {
         {"UYVY", "colorimetry=bt709", "v210", "colorimetry=2:3:5:1", 8, {bt709, bt709}},
         // Where samples only move, any matrix does.
         {"UYVY", "colorimetry=smpte240m", "NV16", "", 8, {}},
+        {"UYVY", "colorimetry=2:5:6:5", "NV16", "", 8, {}},
         // Chroma in the middle of a pair is nearest to both pixels.
         {"UYVY", "chroma-site=mpeg2", "BGRA", "", 8, {bt601}},
         {"UYVY", "chroma-site=jpeg", "BGRA", "", 8, {bt601, bt709, studio, studio, nearest}},

@@ -35,6 +35,17 @@ TEST(Element, MakesTheLibrarysBytesOfEveryPair) {
     }
 }
 
+// Which go out past the cache, whole or in strips.
+TEST(Element, ConvertsLargeFrames) {
+    Random random(12);
+    for (const char* from : {"YUY2", "BGRx", "BGRA"}) {
+        const std::string in = capsOf(from, 1023, 511), out = capsOf("RGBA", 1023, 511);
+        Element element(in, out, "n-threads=3 alpha=99");
+        const Buffer frame = plainFrame(in, random);
+        EXPECT_TRUE(isConverted(frame, in, element(frame), out, sdOptions(99))) << in;
+    }
+}
+
 TEST(Element, TakesStridesThatChangeFromFrameToFrame) {
     Random random(2);
     for (const char* from : {"UYVY", "NV16", "Y42B", "v210", "BGR", "RGBx"}) {
@@ -114,12 +125,17 @@ TEST(Element, TakesPropertiesWhileItRuns) {
 
 TEST(Element, PassesOnWhatNeedNotChange) {
     Random random(6);
+    const auto passesOn = [&](const std::string& in, const std::string& out) {
+        Element element(in, out);
+        const Buffer frame = plainFrame(in, random);
+        return element(frame) == frame;
+    };
     for (const char* field : {"", "colorimetry=bt601", "colorimetry=smpte240m,chroma-site=jpeg"}) {
-        const std::string caps = capsOf("UYVY", 40, 6, field);
-        Element element(caps, "video/x-raw,format={BGRA,UYVY}");
-        const Buffer frame = plainFrame(caps, random);
-        EXPECT_EQ(element(frame), frame) << field;
+        EXPECT_TRUE(passesOn(capsOf("UYVY", 40, 6, field), "video/x-raw,format={BGRA,UYVY}"))
+            << field;
     }
+    EXPECT_TRUE(passesOn(capsOf("UYVY", 40, 6), capsOf("UYVY", 40, 6, "colorimetry=2:4:5:1")));
+    EXPECT_FALSE(passesOn(capsOf("UYVY", 40, 6), capsOf("UYVY", 40, 6, "colorimetry=bt709")));
 }
 
 TEST(Element, KeepsWhatIsAttachedToFrames) {

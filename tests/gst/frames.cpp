@@ -1,6 +1,7 @@
 // Frames in buffers, and the library's own conversion of them.
 #include "gst/frames.hpp"
 
+#include <algorithm>
 #include <cstring>
 
 namespace test {
@@ -27,9 +28,11 @@ GstVideoInfo infoOf(const std::string& text) {
 }
 
 Buffer noise(std::size_t size, Random& random) {
-    const auto bytes = runs(size, random);
     Buffer buffer(gst_buffer_new_allocate(nullptr, size, nullptr));
-    gst_buffer_fill(buffer.get(), 0, bytes.data(), size);
+    for (gsize done = 0; done < size;) {
+        const auto bytes = runs(std::min<gsize>(size - done, 65536), random);
+        done += gst_buffer_fill(buffer.get(), done, bytes.data(), bytes.size());
+    }
     return buffer;
 }
 
