@@ -3,6 +3,7 @@
 # the documentation. Nothing may warn or leak, under valgrind neither.
 #
 #   pipelines_test.sh PLUGIN_FOLDER PROGRAM DOCUMENT
+# shellcheck disable=SC2046  # what raw says is several words
 set -euo pipefail
 export GST_PLUGIN_PATH=$1 LC_ALL=C
 orva=$2 document=$3
@@ -27,7 +28,6 @@ raw() { echo "filesrc location=$1 ! rawvideoparse format=$2 width=638 height=600
 size=638x600
 ffmpeg -nostdin -v error -f lavfi -i smptehdbars=size=$size -frames:v 3 -f rawvideo \
     -vf format=yuv422p,noise=alls=40:allf=t -pix_fmt uyvy422 clip.uyvy
-# shellcheck disable=SC2046  # raw's elements are several words
 launch $(raw clip.uyvy uyvy) ! orvaconvert n-threads=2 ! video/x-raw,format=RGB ! \
     orvaconvert ! video/x-raw,format=BGRA ! filesink location=clip.bgra
 wide=zscale=matrixin=709:matrix=709:rangein=tv:range=tv:dither=none,format=yuv422p16le
