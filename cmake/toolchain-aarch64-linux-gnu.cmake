@@ -2,10 +2,15 @@
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
 
-# Debian's packages without a version in their names cannot lie beside g++-multilib.
-find_program(ORVA_ARM64_CC NAMES aarch64-linux-gnu-gcc aarch64-linux-gnu-gcc-12 REQUIRED)
-find_program(ORVA_ARM64_CXX NAMES aarch64-linux-gnu-g++ aarch64-linux-gnu-g++-12 REQUIRED)
-set(CMAKE_C_COMPILER ${ORVA_ARM64_CC})
+# Clang will do as well, and with Debian's packages it can lie beside g++-multilib.
+find_program(ORVA_ARM64_CXX NAMES aarch64-linux-gnu-g++ clang++ REQUIRED)
+if(ORVA_ARM64_CXX MATCHES "clang")
+  set(CMAKE_C_COMPILER clang)
+  set(CMAKE_C_COMPILER_TARGET aarch64-linux-gnu)
+  set(CMAKE_CXX_COMPILER_TARGET aarch64-linux-gnu)
+else()
+  set(CMAKE_C_COMPILER aarch64-linux-gnu-gcc)
+endif()
 set(CMAKE_CXX_COMPILER ${ORVA_ARM64_CXX})
 
 set(CMAKE_FIND_ROOT_PATH /usr/aarch64-linux-gnu)

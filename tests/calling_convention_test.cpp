@@ -2,6 +2,9 @@
 #include "support/exports.hpp"
 #include "support/tables.hpp"
 
+#include <cstring>
+#include <span>
+
 #if !defined(__aarch64__)
 #include <xmmintrin.h>
 #endif
@@ -47,6 +50,55 @@ TEST(FloatingPointControl, IsKept) {
     });
     _mm_setcsr(kept);
 }
+#endif
+
+#if defined(_WIN64)
+
+// Windows' callers keep values in these registers over a call.
+TEST(VectorRegisters, Xmm6To15AreKept) {
+    withEveryTable([] {
+        callEveryConversion([](const Export& conversion, const OrvaConversionDescriptor* d) {
+            uint8_t before[10][16], after[10][16];
+            memset(after, 0, sizeof after);
+            for (uint8_t& byte : std::span(before[0], sizeof before))
+                byte = uint8_t(&byte - before[0] + 1);
+            const void *const from = before, *const to = after;
+            // Arguments: in rcx, with 32 bytes of the stack for the callee.
+            asm volatile("movdqu 0(%[from]), %%xmm6\n\t"
+                         "movdqu 16(%[from]), %%xmm7\n\t"
+                         "movdqu 32(%[from]), %%xmm8\n\t"
+                         "movdqu 48(%[from]), %%xmm9\n\t"
+                         "movdqu 64(%[from]), %%xmm10\n\t"
+                         "movdqu 80(%[from]), %%xmm11\n\t"
+                         "movdqu 96(%[from]), %%xmm12\n\t"
+                         "movdqu 112(%[from]), %%xmm13\n\t"
+                         "movdqu 128(%[from]), %%xmm14\n\t"
+                         "movdqu 144(%[from]), %%xmm15\n\t"
+                         "movq %%rsp, %%rbx\n\t"
+                         "andq $-16, %%rsp\n\t"
+                         "subq $32, %%rsp\n\t"
+                         "call *%[call]\n\t"
+                         "movq %%rbx, %%rsp\n\t"
+                         "movdqu %%xmm6, 0(%[to])\n\t"
+                         "movdqu %%xmm7, 16(%[to])\n\t"
+                         "movdqu %%xmm8, 32(%[to])\n\t"
+                         "movdqu %%xmm9, 48(%[to])\n\t"
+                         "movdqu %%xmm10, 64(%[to])\n\t"
+                         "movdqu %%xmm11, 80(%[to])\n\t"
+                         "movdqu %%xmm12, 96(%[to])\n\t"
+                         "movdqu %%xmm13, 112(%[to])\n\t"
+                         "movdqu %%xmm14, 128(%[to])\n\t"
+                         "movdqu %%xmm15, 144(%[to])"
+                         : "+c"(d)
+                         : [from] "S"(from), [to] "D"(to), [call] "r"(conversion.call)
+                         : "rax", "rbx", "rdx", "r8", "r9", "r10", "r11", "xmm0", "xmm1", "xmm2",
+                           "xmm3", "xmm4", "xmm5", "xmm6", "xmm7", "xmm8", "xmm9", "xmm10", "xmm11",
+                           "xmm12", "xmm13", "xmm14", "xmm15", "memory", "cc");
+            EXPECT_EQ(memcmp(before, after, sizeof before), 0) << conversion.name;
+        });
+    });
+}
+
 #endif
 
 #if defined(__i386__)

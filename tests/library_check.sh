@@ -9,7 +9,7 @@
 #   library_check.sh hardening OBJDUMP READELF MARKS FILE  what the system can protect is protected
 #   library_check.sh reproducible OBJDUMP SOURCE FILE...   it does not show where and when it was made
 #   library_check.sh header DEF HEADER COMPILER [FLAG...]  the declared names are the list's
-#   library_check.sh isa NAME OBJDUMP OBJECT...            kernels leak no code to other processors
+#   library_check.sh isa NAME BITS OBJDUMP OBJECT...       kernels leak no code to other processors
 set -euo pipefail
 export LC_ALL=C
 
@@ -118,14 +118,40 @@ check_header() {
         grep -oE '\b(ORVA_[A-Z0-9_]+|orva_[a-z0-9_]+)[[:space:]]*\(' | tr -d ' (')
 }
 
+# The instructions of objects, each once, without where they jump to and what only fills gaps.
+instructions() {
+    "$objdump" -d --no-show-raw-insn "$@" | sed -nE 's/^ +[0-9a-f]+:[[:space:]]+//p' | sed -E 's/ *(#|<).*//' |
+        grep -vE '^(j[a-z]+|call|ret|nop|data16|cs nop|xchg +%ax,%ax|endbr|bnd |rep ret)' | sort -u
+}
+
 # A function that several objects may define is linked from any of them. One that was compiled for a
-# newer processor must therefore belong to that processor's namespace.
+# newer processor must therefore belong to that processor's namespace, and may have no instruction
+# that src/frame/instruction_sets.hpp does not ask the processor for. The assembler knows which these are.
 check_isa() {
-    local isa=$1 objdump=$2 functions
-    shift 2
+    local isa=$1 bits=$2 objdump=$3 functions extensions processor=generic64 found
+    shift 3
     functions=$("$objdump" -t "$@" |
         awk '/^[0-9a-f]+  ?w/ && !/\*UND\*/ && / F / { print $NF }')
     ! grep -v "${#isa}$isa" <<<"${functions:-${#isa}$isa}" || fail "shared code compiled for $isa"
+
+    case $isa in
+    sse2) extensions=+sse2 ;;
+    sse41) extensions=+sse4.1 ;;
+    avx2) extensions=+avx2 ;;
+    avxvnni) extensions=+avx2+avx_vnni ;;
+    avx512) extensions=+avx512f+avx512bw+avx512vl+avx512_vnni ;;
+    *) return ;;
+    esac
+    [ "$bits" = 64 ] || processor=i686
+    found=$(instructions "$@")
+    [ "$(wc -l <<<"$found")" -gt 5000 ] || fail "only few instructions of $isa"
+    as "--$bits" "-march=$processor$extensions" -o /dev/null - <<<"$found" || fail "instructions beyond $isa"
+
+    # Windows aligns the stack to 16 bytes, and GCC trusts that it is more: an aligned access faults.
+    if "$objdump" -f "$1" | grep -q 'format pe-'; then
+        ! grep -E '^vmov(ap[sd]|dqa).*[yz]mm' <<<"$found" | grep -E '%[re][sb]p[,)]' ||
+            fail "aligned access of wide vectors to the stack"
+    fi
 }
 
 check=$1

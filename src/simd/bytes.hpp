@@ -30,7 +30,8 @@ template <int scale, class V> ORVA_INLINE V highBytes(V words) {
 // The two middle bytes of each dword exchanged, and the two bytes of each word.
 template <class V> ORVA_INLINE V swapMiddleBytes(V a) {
 #if ORVA_SHUFFLES_BYTES
-    return shuffleBytes(a, V::repeat(Vec128::of8(0, 2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11, 12, 14, 13, 15)));
+    return shuffleBytes(
+        a, V::repeat(Vec128::of8(0, 2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11, 12, 14, 13, 15)));
 #else
     return (a & V::all32(0xFF0000FF)) | (shiftLeft32<8>(a) & V::all32(0x00FF0000)) |
            (shiftRight32<8>(a) & V::all32(0x0000FF00));

@@ -1,5 +1,5 @@
-// One 128-bit lane of 64-bit ARM: the vector of the NEON table. vec128.hpp and operations.inc say what
-// the same names mean; what is plain here is so because ARM has no stores past the cache that
+// One 128-bit lane of 64-bit ARM: the vector of the NEON table. vec128.hpp and operations.inc say
+// what the same names mean; what is plain here is so because ARM has no stores past the cache that
 // differ, nor loads that insist on an alignment.
 #pragma once
 

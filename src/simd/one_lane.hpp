@@ -1,5 +1,5 @@
-// What follows from a vector being one lane: every order is the memory's own. The wide types say what
-// these functions mean.
+// What follows from a vector being one lane: every order is the memory's own. The wide types say
+// what these functions mean.
 #pragma once
 
 namespace orva::ORVA_ISA {
