@@ -49,24 +49,6 @@ run convert "${uyvy[@]}" --stats clip.uyvy precious
 same one.bgra precious
 grep -q '7 frames' errors || complain "no statistics: $(cat errors)"
 
-# A signal in the middle leaves no file. The frames come slowly enough for it.
-mkfifo frames
-"$orva" convert "${uyvy[@]}" frames unfinished.bgra &
-exec 3<>frames
-cat frame.uyvy >&3
-for ((tries = 0; tries < 100; ++tries)); do
-    ls unfinished.bgra.part* >output 2>errors && break
-    sleep 0.1
-done
-[ -s output ] || complain "no temporary file: $(ls)"
-kill -TERM $!
-wait $! 2>errors
-status=$?
-exec 3>&-
-[ $status -eq 143 ] || complain "orva convert ended with $status, not by the signal"
-[ -z "$(find . -name 'unfinished*')" ] || complain "left behind: $(ls)"
-rm frames
-
 # Matrix, range and depth reach the conversion: what it makes of the chart in RGB is the chart that
 # the pattern draws in YCbCr itself, but for two codes: the chart in RGB has been rounded to 8 bits.
 run pattern --format bgra "${size[@]}" --frames 2 clip.bgra

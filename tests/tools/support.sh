@@ -34,8 +34,9 @@ refuses() {
     [ "$(cksum ./*)" = "$before" ] || complain "orva $* changed files: $(ls)"
 }
 
+# same <file> <file> [what]
 same() {
-    cmp -s "$1" "$2" || complain "$1 and $2 differ"
+    cmp -s "$1" "$2" || complain "$1 and $2 differ${3:+: $3}"
 }
 
 # bytes <file>: its bytes in decimal, in one line.

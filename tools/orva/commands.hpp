@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frames.hpp"
+#include "processors.hpp"
 
 #include <orva/convert.hpp>
 
@@ -23,7 +24,7 @@ struct ConvertArguments {
     Options options;                // but for the ranges
     std::optional<Range> srcRange;  // else what a Y4M input says, or studio range
     std::optional<Range> dstRange;  // the same
-    unsigned threads = 1;
+    unsigned threads = usableProcessors();
     bool stats = false;
     std::string input;
     std::string output;

@@ -1,51 +1,32 @@
-// orva convert: a clip from one format to another, several frames at once.
+// orva convert: a clip from one format to another.
 #include "commands.hpp"
+#include "failure.hpp"
 #include "format_names.hpp"
-#include "progress.hpp"
+#include "pipeline.hpp"
 #include "raw_frames.hpp"
-#include "refusals.hpp"
 
 #include <chrono>
 #include <cstdio>
-#include <thread>
-#include <vector>
 
 namespace orva::tool {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A frame on its way: read into one image, converted into the other.
-struct Slot {
-    Image source;
-    Image destination;
-    Result result;
-};
-
-void convertAll(std::span<Slot> slots, const Options& options) {
-    const auto convertOne = [&options](Slot& slot) {
-        slot.result = convert(std::as_const(slot.source).view(), slot.destination.view(), options);
-    };
-    std::vector<std::jthread> workers;
-    for (Slot& slot : slots.subspan(1)) {
-        workers.emplace_back(convertOne, std::ref(slot));
-    }
-    convertOne(slots.front());
-}
-
-void printStats(std::uint64_t frames, Clock::duration converting, Clock::duration all,
+void printStats(const Pipeline& pipeline, unsigned threads, Clock::duration all,
                 std::uint64_t bytesPerFrame) {
     const auto seconds = [](Clock::duration time) {
         return std::chrono::duration<double>(time).count();
     };
-    const double count = static_cast<double>(frames);
+    const double frames = static_cast<double>(pipeline.frames());
+    const double perThread = frames / seconds(pipeline.converting());
     std::fprintf(stderr,
-                 "%llu %s: %.1f frames/s converted (%.2f GB/s read and written), "
-                 "%.1f frames/s with files\n",
-                 static_cast<unsigned long long>(frames), frames == 1 ? "frame" : "frames",
-                 count / seconds(converting),
-                 count * static_cast<double>(bytesPerFrame) / seconds(converting) / 1e9,
-                 count / seconds(all));
+                 "%llu %s: %.1f frames/s converted by a thread (%.2f GB/s read and written), "
+                 "%.1f frames/s with files by %u\n",
+                 static_cast<unsigned long long>(pipeline.frames()),
+                 pipeline.frames() == 1 ? "frame" : "frames", perThread,
+                 perThread * static_cast<double>(bytesPerFrame) / 1e9, frames / seconds(all),
+                 threads);
 }
 
 }  // namespace
@@ -70,42 +51,13 @@ void runConvert(const ConvertArguments& arguments) {
     options.dstRange = dstRange.value_or(usual);
     properties.range = options.dstRange;
 
-    std::vector<Slot> slots;
-    for (unsigned i = 0; i < threads; ++i) {
-        slots.push_back({createImage(from, size), createImage(to, size), {}});
-    }
+    Pipeline pipeline(*reader, from, to, options, threads);
     const auto writer = createFrames(output, {to, size, properties, out.rate, out.kind});
-
-    Progress progress(reader->count());
-    std::uint64_t frames = 0;
-    Clock::duration converting{};
     const auto start = Clock::now();
-    for (bool more = true; more && !writer->full();) {
-        std::size_t filled = 0;
-        while (filled < slots.size() && (more = reader->next(slots[filled].source.view()))) {
-            ++filled;
-        }
-        if (filled == 0) {
-            break;
-        }
-        const std::span batch = std::span(slots).first(filled);
-        const auto begin = Clock::now();
-        convertAll(batch, options);
-        converting += Clock::now() - begin;
-        for (const Slot& slot : batch) {
-            if (!slot.result) {
-                throw refusal(slot.result);
-            }
-            if (!writer->full()) {
-                writer->write(slot.destination.view());
-                progress.show(++frames);
-            }
-        }
-    }
+    pipeline.run(*writer);
     writer->commit();
-    progress.finish();
     if (stats) {
-        printStats(frames, converting, Clock::now() - start,
+        printStats(pipeline, threads, Clock::now() - start,
                    rawFrameBytes(from, size) + rawFrameBytes(to, size));
     }
 }

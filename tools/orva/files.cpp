@@ -7,7 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <random>
+#include <filesystem>
+#include <system_error>
 
 #if defined(_WIN32)
 #include <fcntl.h>
@@ -19,41 +20,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t bufferSize = std::size_t{1} << 20;
+// Longer pieces go past the buffer.
+constexpr std::size_t bufferSize = std::size_t{1} << 16;
 
 [[noreturn]] void fail(const std::string& name, const char* what) {
     throw Failure(name + ": " + what + ": " + std::strerror(errno));
 }
 
-void setBinary([[maybe_unused]] std::FILE* stream) {
-#if defined(_WIN32)
-    _setmode(_fileno(stream), _O_BINARY);
-#endif
-}
-
-// A name beside the target that no file has yet.
-fs::path temporaryName(const fs::path& target) {
-    std::random_device device;
-    fs::path name;
-    do {
-        name = target;
-        name += ".part" + std::to_string(device());
-    } while (fs::exists(name));
-    return name;
-}
-
 }  // namespace
-
-void CloseFile::operator()(std::FILE* file) const {
-    if (file != stdin && file != stdout) {
-        std::fclose(file);
-    }
-}
 
 InputFile::InputFile(const std::string& name) : shownName(name) {
     if (name == "-") {
         shownName = "standard input";
-        setBinary(stdin);
+#if defined(_WIN32)
+        _setmode(_fileno(stdin), _O_BINARY);
+#endif
         file.reset(stdin);
     } else {
         if (fs::is_directory(name)) {
@@ -67,6 +48,7 @@ InputFile::InputFile(const std::string& name) : shownName(name) {
             fileSize = fs::file_size(name);
         }
     }
+    noteInput(file.get());
     std::setvbuf(file.get(), nullptr, _IOFBF, bufferSize);
 }
 
@@ -113,61 +95,44 @@ bool InputFile::holds(std::uint64_t count) {
     }
 }
 
-OutputFile::OutputFile(const std::string& name) : shownName(name) {
-    if (name == "-") {
-        shownName = "standard output";
-        setBinary(stdout);
-        file.reset(stdout);
-    } else {
-        target = fs::exists(name) ? fs::canonical(name) : fs::path(name);
-        if (fs::is_directory(target)) {
-            throw Failure(name + ": is a directory");
-        }
-        const bool direct = fs::exists(target) && !fs::is_regular_file(target);
-        if (direct) {
-            file.reset(std::fopen(target.string().c_str(), "wb"));
-        } else {
-            temporary = temporaryName(target).string();
-            setUnfinished(temporary.c_str());
-            file.reset(std::fopen(temporary.c_str(), "wb"));
-        }
-        if (!file) {
-            forgetTemporary();
-            fail(name, "cannot be written");
-        }
-    }
-    std::setvbuf(file.get(), nullptr, _IOFBF, bufferSize);
+OutputFile::OutputFile(const std::string& name)
+    : shownName(name == "-" ? "standard output" : name), target(openTarget(name)) {
+    std::setvbuf(target.file.get(), nullptr, _IOFBF, bufferSize);
 }
 
 OutputFile::~OutputFile() {
-    if (!temporary.empty()) {
-        file.reset();
+    if (!target.temporary.empty()) {
+        target.file.reset();
         std::error_code ignored;
-        fs::remove(temporary, ignored);
-        forgetTemporary();
+        fs::remove(target.temporary, ignored);
+        setUnfinished({});
     }
 }
 
-void OutputFile::forgetTemporary() {
-    setUnfinished(nullptr);
-    temporary.clear();
-}
-
 void OutputFile::write(std::span<const std::byte> bytes) {
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
+    if (std::fwrite(bytes.data(), 1, bytes.size(), target.file.get()) != bytes.size()) {
         fail(shownName, "cannot be written");
     }
 }
 
 void OutputFile::commit() {
-    if (std::fflush(file.get()) != 0) {
+    if (std::fclose(target.file.release()) != 0) {
         fail(shownName, "cannot be written");
     }
-    if (!temporary.empty()) {
-        file.reset();
-        fs::rename(temporary, target);
-        forgetTemporary();
+    if (!target.temporary.empty()) {
+        std::error_code error;
+        fs::rename(target.temporary, target.path, error);
+        if (error) {
+            throw Failure(shownName + ": cannot be written: " + error.message());
+        }
+        setUnfinished({});
+        target.temporary.clear();
     }
+}
+
+bool closeStandardOutput() {
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 &&
+           (std::fclose(stdout) == 0 || errno == EBADF);  // it may have been closed before
 }
 
 }  // namespace orva::tool

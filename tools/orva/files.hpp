@@ -2,22 +2,18 @@
 // name only when it is complete.
 #pragma once
 
+#include "output_target.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orva::tool {
-
-struct CloseFile {
-    void operator()(std::FILE* file) const;
-};
-using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
 class InputFile {
 public:
@@ -50,9 +46,9 @@ private:
     std::size_t readFile(std::span<std::byte> bytes);
 };
 
-// Written to a temporary name beside the target and renamed by commit(); without commit() nothing
-// stays, nor after a signal (unfinished.hpp). Standard output ("-"), devices and pipes are written
-// directly.
+// A regular file appears under its name, or anew, by commit(); without it nothing stays, nor
+// after a signal (unfinished.hpp). Standard output ("-"), devices, pipes and what else cannot
+// be replaced (output_target.hpp) are written directly.
 class OutputFile {
 public:
     explicit OutputFile(const std::string& name);
@@ -61,17 +57,38 @@ public:
     OutputFile& operator=(const OutputFile&) = delete;
 
     void write(std::span<const std::byte> bytes);
+
+    // The last call.
     void commit();
 
     const std::string& name() const { return shownName; }
 
 private:
     std::string shownName;
-    std::filesystem::path target;
-    std::string temporary;  // empty where the target is written directly
-    FileHandle file;
-
-    void forgetTemporary();  // keeps errno
+    OutputTarget target;
 };
+
+// A file made in memory, in bytes of the caller.
+class MemoryFile {
+public:
+    MemoryFile(std::string name, std::vector<std::byte>& bytes)
+        : shownName(std::move(name)), bytes(bytes) {
+        bytes.clear();
+    }
+
+    void write(std::span<const std::byte> more) {
+        bytes.insert(bytes.end(), more.begin(), more.end());
+    }
+
+    const std::string& name() const { return shownName; }
+
+private:
+    std::string shownName;
+    std::vector<std::byte>& bytes;
+};
+
+// Whether all arrived that was printed; else errno says why not. Nothing may be printed
+// afterwards.
+bool closeStandardOutput();
 
 }  // namespace orva::tool

@@ -7,10 +7,13 @@
 
 #include <orva/convert.hpp>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace orva::tool {
 
@@ -62,10 +65,22 @@ class FrameWriter {
 public:
     virtual ~FrameWriter() = default;
 
-    virtual void write(const ConstImageView& image) = 0;
+    // How many frames would be kept.
+    virtual std::uint64_t capacity() const { return UINT64_MAX; }
 
-    // Whether no further frame would be kept.
-    virtual bool full() const { return false; }
+    // The part of writing a frame that needs not wait for those before: any thread may do it. What
+    // write() needs of it goes into `encoded`, whose memory may be used again.
+    virtual void encode(const ConstImageView&, std::vector<std::byte>& /*encoded*/) const {}
+
+    // Writes the next frame, which has been encoded.
+    virtual void write(const ConstImageView& image, std::span<const std::byte> encoded) = 0;
+
+    // Both, for one frame after the other.
+    void encodeAndWrite(const ConstImageView& image) {
+        std::vector<std::byte> encoded;
+        encode(image, encoded);
+        write(image, encoded);
+    }
 
     // Makes what has been written appear under its name.
     virtual void commit() {}

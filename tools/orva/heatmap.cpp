@@ -50,7 +50,7 @@ void Heatmap::write(const std::string& name, int scale) const {
     settings.format = Format::RGB24I;
     settings.size = size;
     const auto writer = createFrames(name, settings);
-    writer->write(std::as_const(picture).view());
+    writer->encodeAndWrite(std::as_const(picture).view());
     writer->commit();
 }
 

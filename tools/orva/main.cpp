@@ -1,6 +1,7 @@
 // orva: converts uncompressed video frames on the command line. This file says which commands,
 // options and arguments there are.
 #include "commands.hpp"
+#include "files.hpp"
 #include "format_names.hpp"
 #include "header.hpp"
 #include "suggestions.hpp"
@@ -10,9 +11,11 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <exception>
 #include <new>
 #include <utility>
@@ -185,7 +188,7 @@ void addConvert(CLI::App& app, ConvertArguments& arguments) {
     addNumber(command, "--alpha", options.alpha, 0, 255, "Alpha where IN has none (255)", "0..255");
     addChoice(command, "--streaming", streamings, {&options.streaming},
               "Whether frames are written past the cache (automatic)");
-    addNumber(command, "--threads", arguments.threads, 1u, 256u, "Frames converted at once (1)",
+    addNumber(command, "--threads", arguments.threads, 1u, 256u, "Threads (one per processor)",
               "N");
     command->add_flag("--stats", arguments.stats, "Tell the speed when done");
     command->add_option("IN", arguments.input, "File to convert")->required();
@@ -239,9 +242,7 @@ void addSelftest(CLI::App& app, int& status) {
         ->callback([&status] { status = runSelftest() ? 0 : differenceStatus; });
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     CLI::App app("Converts uncompressed video frames between pixel formats.", "orva");
     app.require_subcommand(1);
     ConvertArguments convertArguments;
@@ -272,4 +273,16 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "orva: %s\n", error.what());
         return failureStatus;
     }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const int status = run(argc, argv);
+    if (!closeStandardOutput()) {
+        std::fprintf(stderr, "orva: standard output: cannot be written: %s\n",
+                     std::strerror(errno));
+        return failureStatus;
+    }
+    return status;
 }

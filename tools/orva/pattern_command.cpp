@@ -4,6 +4,7 @@
 #include "pattern.hpp"
 #include "progress.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace orva::tool {
@@ -18,11 +19,12 @@ void runPattern(const PatternArguments& arguments) {
     const auto writer =
         createFrames(arguments.output, {arguments.format, arguments.size, properties,
                                         arguments.out.rate, arguments.out.kind});
-    Progress progress(arguments.frames);
-    for (std::uint32_t frame = 0; frame < arguments.frames && !writer->full(); ++frame) {
+    const std::uint64_t frames = std::min<std::uint64_t>(arguments.frames, writer->capacity());
+    Progress progress(frames);
+    for (std::uint32_t frame = 0; frame < frames; ++frame) {
         drawChart(chart.view(), frame, arguments.matrix, arguments.range);
         convertImage(std::as_const(chart).view(), image.view());
-        writer->write(std::as_const(image).view());
+        writer->encodeAndWrite(std::as_const(image).view());
         progress.show(frame + 1);
     }
     writer->commit();

@@ -40,7 +40,7 @@ Image readPicture(FileKind kind, InputFile& file) {
     return kind == FileKind::png ? readPng(file) : readPnm(file);
 }
 
-void writePicture(FileKind kind, OutputFile& file, const ConstImageView& image) {
+void writePicture(FileKind kind, MemoryFile& file, const ConstImageView& image) {
     Image picture = createImage(storedFormat(kind, image.format), {image.width, image.height});
     convertImage(image, picture.view());
     const auto write = kind == FileKind::png   ? writePng

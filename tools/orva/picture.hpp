@@ -14,7 +14,7 @@ void requirePictureFormat(FileKind kind, const std::string& name, Format format)
 // RGB32I, RGB24I of a picture without alpha, A8P of one that is grey, too.
 Image readPicture(FileKind kind, InputFile& file);
 
-// Writes all of the file, which is left to commit.
-void writePicture(FileKind kind, OutputFile& file, const ConstImageView& image);
+// Writes all of the file.
+void writePicture(FileKind kind, MemoryFile& file, const ConstImageView& image);
 
 }  // namespace orva::tool

@@ -125,22 +125,26 @@ Numbered findNumbered(const std::string& name, NumberedName numbered,
 class PictureWriter final : public FrameWriter {
 public:
     PictureWriter(FileKind kind, const std::string& name, std::uint64_t first)
-        : kind(kind), name(name), number(first) {}
+        : kind(kind), shownName(name), name(name), number(first) {}
 
-    void write(const ConstImageView& image) override {
-        OutputFile file(name.with(number++));
+    std::uint64_t capacity() const override { return name.hasNumber() ? UINT64_MAX : 1; }
+
+    void encode(const ConstImageView& image, std::vector<std::byte>& encoded) const override {
+        MemoryFile file(shownName, encoded);
         writePicture(kind, file, image);
-        file.commit();
-        written = true;
     }
 
-    bool full() const override { return !name.hasNumber() && written; }
+    void write(const ConstImageView&, std::span<const std::byte> encoded) override {
+        OutputFile file(name.with(number++));
+        file.write(encoded);
+        file.commit();
+    }
 
 private:
     FileKind kind;
+    std::string shownName;  // of a frame that has not its number yet
     NumberedName name;
     std::uint64_t number;
-    bool written = false;
 };
 
 }  // namespace

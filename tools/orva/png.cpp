@@ -88,10 +88,13 @@ void readBytes(png_structp png, png_bytep bytes, std::size_t count) {
 }
 
 void writeBytes(png_structp png, png_bytep bytes, std::size_t count) {
-    Codec<OutputFile>::callFile(png, png_get_io_ptr(png), [=](OutputFile& file) {
+    Codec<MemoryFile>::callFile(png, png_get_io_ptr(png), [=](MemoryFile& file) {
         file.write({reinterpret_cast<const std::byte*>(bytes), count});
     });
 }
+
+// Half the time of zlib's own choice for 2 to 4 % more bytes.
+constexpr int compressionLevel = 3;
 
 // Fails where a file is shorter than the best compression could make what its header claims.
 void judgeClaim(InputFile& file, FrameSize size, std::uint64_t bytesPerRow) {
@@ -157,8 +160,8 @@ Image readPng(InputFile& file) {
     return image;
 }
 
-void writePng(OutputFile& file, const ConstImageView& image) {
-    Codec<OutputFile> codec(file, png_create_write_struct, [](png_structp png, png_infop info) {
+void writePng(MemoryFile& file, const ConstImageView& image) {
+    Codec<MemoryFile> codec(file, png_create_write_struct, [](png_structp png, png_infop info) {
         png_destroy_write_struct(&png, &info);
     });
     const png_structp png = codec.png;
@@ -171,6 +174,7 @@ void writePng(OutputFile& file, const ConstImageView& image) {
                                                           : PNG_COLOR_TYPE_RGB;
         png_set_IHDR(png, info, image.width, image.height, 8, kind, PNG_INTERLACE_NONE,
                      PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+        png_set_compression_level(png, compressionLevel);
         if (!grey) {
             png_set_sRGB(png, info, PNG_sRGB_INTENT_PERCEPTUAL);
         }
@@ -190,7 +194,7 @@ Image readPng(InputFile& file) {
     throw Failure(file.name() + ": this program was built without PNG; use .ppm or .pam");
 }
 
-void writePng(OutputFile& file, const ConstImageView&) {
+void writePng(MemoryFile& file, const ConstImageView&) {
     throw Failure(file.name() + ": this program was built without PNG; use .ppm or .pam");
 }
 

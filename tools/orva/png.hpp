@@ -12,6 +12,6 @@ namespace orva::tool {
 Image readPng(InputFile& file);
 
 // An image of one of these formats.
-void writePng(OutputFile& file, const ConstImageView& image);
+void writePng(MemoryFile& file, const ConstImageView& image);
 
 }  // namespace orva::tool

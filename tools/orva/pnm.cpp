@@ -133,12 +133,12 @@ Header readHeader(InputFile& file) {
     throw Failure(file.name() + ": is not a binary PPM, PGM or PAM file (P6, P5, P7)");
 }
 
-void write(OutputFile& file, const std::string& header, const ConstImageView& image) {
+void write(MemoryFile& file, const std::string& header, const ConstImageView& image) {
     file.write(std::as_bytes(std::span(header)));
     forEachRow(image, [&file](std::span<const std::byte> row) { file.write(row); });
 }
 
-void writePnm(OutputFile& file, const std::string& magic, const ConstImageView& image) {
+void writePnm(MemoryFile& file, const std::string& magic, const ConstImageView& image) {
     write(file,
           magic + "\n" + std::to_string(image.width) + ' ' + std::to_string(image.height) +
               "\n255\n",
@@ -173,11 +173,11 @@ Image readPnm(InputFile& file) {
     return image;
 }
 
-void writePpm(OutputFile& file, const ConstImageView& image) { writePnm(file, "P6", image); }
+void writePpm(MemoryFile& file, const ConstImageView& image) { writePnm(file, "P6", image); }
 
-void writePgm(OutputFile& file, const ConstImageView& image) { writePnm(file, "P5", image); }
+void writePgm(MemoryFile& file, const ConstImageView& image) { writePnm(file, "P5", image); }
 
-void writePam(OutputFile& file, const ConstImageView& image) {
+void writePam(MemoryFile& file, const ConstImageView& image) {
     const auto& [type, depth, format] =
         *std::ranges::find(tupleTypes, image.format, &TupleType::format);
     write(file,

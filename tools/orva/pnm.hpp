@@ -11,8 +11,8 @@ namespace orva::tool {
 Image readPnm(InputFile& file);
 
 // The image is in the format that the file holds.
-void writePpm(OutputFile& file, const ConstImageView& image);
-void writePgm(OutputFile& file, const ConstImageView& image);
-void writePam(OutputFile& file, const ConstImageView& image);
+void writePpm(MemoryFile& file, const ConstImageView& image);
+void writePgm(MemoryFile& file, const ConstImageView& image);
+void writePam(MemoryFile& file, const ConstImageView& image);
 
 }  // namespace orva::tool

@@ -13,9 +13,24 @@ namespace {
 // programs and capture cards have it.
 using Gap = std::array<std::byte, 128>;
 
-std::size_t gapBytes(Format format, std::uint32_t width) {
-    return static_cast<std::size_t>(framePitch(format, mainPlane, width) -
-                                    rowBytes(format, mainPlane, width));
+// Calls visit(part, gap) for all bytes of a raw frame: parts of the image as long as can be, and
+// how many bytes follow each in the file that the image does not have.
+template <class Byte, class Visit>
+void forEachPart(const BasicImageView<Byte>& image, Visit visit) {
+    for (const PlaneIndex index : {mainPlane, chromaPlane, crPlane, alphaPlane}) {
+        const auto row = static_cast<std::size_t>(rowBytes(image.format, index, image.width));
+        const auto gap =
+            static_cast<std::size_t>(framePitch(image.format, index, image.width)) - row;
+        const BasicPlane<Byte>& plane = planeOf(image, index);
+        const auto pitch = static_cast<std::size_t>(plane.pitch);
+        if (pitch == row && gap == 0) {
+            visit(plane.bytes.first(row * image.height), gap);
+        } else {
+            for (std::uint32_t y = 0; row > 0 && y < image.height; ++y) {
+                visit(plane.bytes.subspan(pitch * y, row), gap);
+            }
+        }
+    }
 }
 
 class RawReader final : public FrameReader {
@@ -49,9 +64,9 @@ public:
             }
         };
         Gap gap;
-        forEachRow(image, [&](std::span<std::byte> row) {
-            fill(row);
-            fill(std::span(gap).first(gapBytes(image.format, image.width)));
+        forEachPart(image, [&](std::span<std::byte> part, std::size_t gapBytes) {
+            fill(part);
+            fill(std::span(gap).first(gapBytes));
         });
         total += read;
         if (ended && read > 0) {
@@ -82,11 +97,11 @@ class RawWriter final : public FrameWriter {
 public:
     explicit RawWriter(const std::string& name) : file(name) {}
 
-    void write(const ConstImageView& image) override {
+    void write(const ConstImageView& image, std::span<const std::byte>) override {
         const Gap zero = {};
-        forEachRow(image, [&](std::span<const std::byte> row) {
-            file.write(row);
-            file.write(std::span(zero).first(gapBytes(image.format, image.width)));
+        forEachPart(image, [&](std::span<const std::byte> part, std::size_t gapBytes) {
+            file.write(part);
+            file.write(std::span(zero).first(gapBytes));
         });
     }
 

@@ -1,22 +1,35 @@
-// The output file that is not finished yet: SIGHUP, SIGINT and SIGTERM remove it.
+// The output file that is not finished yet: what ends the program from outside removes it.
 #include "unfinished.hpp"
 
-#if defined(_WIN32)
-
-void orva::tool::setUnfinished(const char*) {}
-
-#else
-
 #include <atomic>
+
+#if defined(_WIN32)
+#include <windows.h>
+#else
 #include <csignal>
 #include <initializer_list>
 #include <unistd.h>
+#endif
 
 namespace orva::tool {
 namespace {
 
 std::atomic<const char*> unfinished = nullptr;
 static_assert(std::atomic<const char*>::is_always_lock_free);
+
+#if defined(_WIN32)
+
+// The next handler ends the program, and with it goes the last handle of the deleted file.
+BOOL WINAPI removeUnfinished(DWORD) {
+    if (const char* const name = unfinished) {
+        DeleteFileA(name);
+    }
+    return FALSE;
+}
+
+bool handleEnds() { return SetConsoleCtrlHandler(removeUnfinished, TRUE) != 0; }
+
+#else
 
 // Ends the program by the same signal in the end, so that its parent sees how it ended.
 void removeUnfinished(int signal) {
@@ -27,22 +40,28 @@ void removeUnfinished(int signal) {
     std::raise(signal);
 }
 
-bool handleSignals() {
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
-        if (std::signal(signal, SIG_IGN) != SIG_IGN) {
+bool handleEnds() {
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGALRM, SIGVTALRM, SIGPROF,
+                             SIGUSR1, SIGUSR2, SIGXCPU, SIGXFSZ}) {
+        struct sigaction action;
+        sigaction(signal, nullptr, &action);
+        if (action.sa_handler == SIG_DFL) {
             std::signal(signal, removeUnfinished);
         }
     }
     return true;
 }
 
+#endif
+
 }  // namespace
 
-void setUnfinished(const char* name) {
-    [[maybe_unused]] static const bool handled = handleSignals();
-    unfinished = name;
+void setUnfinished(const std::string& name) {
+    [[maybe_unused]] static const bool handled = handleEnds();
+    static std::string current;  // outlives its owner's copy, which may move
+    unfinished = nullptr;
+    current = name;
+    unfinished = current.empty() ? nullptr : current.c_str();
 }
 
 }  // namespace orva::tool
-
-#endif

@@ -1,10 +1,13 @@
-// The output file that is not finished yet: SIGHUP, SIGINT and SIGTERM remove it.
+// The output file that is not finished yet: what ends the program from outside removes it.
 #pragma once
+
+#include <string>
 
 namespace orva::tool {
 
-// The name of the file, which must last until the next call, or null when there is none. One file
-// at a time. Windows does not remove open files, so that nothing happens there.
-void setUnfinished(const char* name);
+// The name of the file, or an empty one when there is none. One file at a time. It is removed by
+// every signal that ends a program and was not ignored when the first file was named, and on
+// Windows by what ends a console's programs, if the file was opened so that others may delete it.
+void setUnfinished(const std::string& name);
 
 }  // namespace orva::tool

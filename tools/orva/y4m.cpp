@@ -173,7 +173,7 @@ public:
         writeLine(header);
     }
 
-    void write(const ConstImageView& image) override {
+    void write(const ConstImageView& image, std::span<const std::byte>) override {
         writeLine(std::string(frameLine));
         forEachStoredRow(image, [&](std::span<const std::byte> row, std::size_t stored) {
             file.write(row.first(stored));

@@ -1,0 +1,10 @@
+// How many processors the program may keep busy.
+#pragma once
+
+namespace orva::tool {
+
+// Those that the process may run on, or fewer where its control group has less time than that. At
+// least one.
+unsigned usableProcessors();
+
+}  // namespace orva::tool
