@@ -45,18 +45,18 @@ void correctChecksums(Bytes& file) {
     }
 }
 
-// A file of these bytes that has a name for as long as this lives.
-class MemoryFile {
+// Bytes that have the name of a file for as long as this lives.
+class NamedBytes {
 public:
-    explicit MemoryFile(const Bytes& bytes) : descriptor(memfd_create("fuzz", 0)) {
+    explicit NamedBytes(const Bytes& bytes) : descriptor(memfd_create("fuzz", 0)) {
         if (write(descriptor, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) {
             std::perror("memfd");
             std::abort();
         }
     }
-    ~MemoryFile() { close(descriptor); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
+    ~NamedBytes() { close(descriptor); }
+    NamedBytes(const NamedBytes&) = delete;
+    NamedBytes& operator=(const NamedBytes&) = delete;
 
     std::string name() const { return "/proc/self/fd/" + std::to_string(descriptor); }
 
@@ -92,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto* const bytes = reinterpret_cast<const std::byte*>(data);
     Bytes input(bytes, bytes + size);
     correctChecksums(input);
-    const MemoryFile file(input);
+    const NamedBytes file(input);
     if (readAll(file.name(), std::byte{0}) != readAll(file.name(), std::byte{255})) {
         std::fputs("a frame is not all read\n", stderr);
         std::abort();

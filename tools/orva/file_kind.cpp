@@ -2,21 +2,18 @@
 #include "file_kind.hpp"
 
 #include "failure.hpp"
+#include "header.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <filesystem>
-#include <utility>
+#include <string_view>
 
 namespace orva::tool {
 namespace {
 
 using namespace std::string_view_literals;
-
-constexpr std::array kinds = {std::pair{"raw"sv, FileKind::raw}, std::pair{"y4m"sv, FileKind::y4m},
-                              std::pair{"png"sv, FileKind::png}, std::pair{"ppm"sv, FileKind::ppm},
-                              std::pair{"pgm"sv, FileKind::pgm}, std::pair{"pam"sv, FileKind::pam}};
 
 // Pictures, clips and sound of other programs. Endings that people give raw frames (.yuv, .v210,
 // .rgb, .bin ...) are none of them.
@@ -35,8 +32,6 @@ std::string endingOf(const std::string& name) {
     return ending.substr(ending.empty() ? 0 : 1);
 }
 
-bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-
 }  // namespace
 
 FileKind kindOfName(const std::string& name) {
@@ -46,7 +41,9 @@ FileKind kindOfName(const std::string& name) {
                       " files are not known here; .y4m, .png, .ppm, .pgm and .pam are, and other "
                       "names are raw frames");
     }
-    return kindNamed(ending).value_or(FileKind::raw);
+    const auto found =
+        std::ranges::find(fileKinds, ending, &decltype(fileKinds)::value_type::first);
+    return found == fileKinds.end() ? FileKind::raw : found->second;
 }
 
 FileKind kindOfContents(const std::string& name, std::span<const std::byte> head, bool mayBeRaw) {
@@ -61,11 +58,6 @@ FileKind kindOfContents(const std::string& name, std::span<const std::byte> head
     const bool pnm =
         text.size() > 2 && text[0] == 'P' && text[1] >= '5' && text[1] <= '7' && isSpace(text[2]);
     return named == FileKind::raw && pnm && !mayBeRaw ? FileKind::ppm : named;
-}
-
-std::optional<FileKind> kindNamed(std::string_view name) {
-    const auto found = std::ranges::find(kinds, name, &decltype(kinds)::value_type::first);
-    return found == kinds.end() ? std::nullopt : std::optional(found->second);
 }
 
 }  // namespace orva::tool

@@ -37,14 +37,15 @@ InputFile::InputFile(const std::string& name) : shownName(name) {
 #endif
         file.reset(stdin);
     } else {
-        if (fs::is_directory(name)) {
+        std::error_code ignored;
+        if (fs::is_directory(name, ignored)) {
             throw Failure(name + ": is a directory");
         }
         file.reset(std::fopen(name.c_str(), "rb"));
         if (!file) {
             fail(name, "cannot be read");
         }
-        if (fs::is_regular_file(name)) {
+        if (fs::is_regular_file(name, ignored)) {
             fileSize = fs::file_size(name);
         }
     }

@@ -17,6 +17,9 @@ std::optional<std::string> readLine(InputFile& file);
 // A whole number in decimal digits and nothing else; empty if it is none, or above UINT32_MAX.
 std::optional<std::uint32_t> wholeNumber(std::string_view text);
 
+// Whatever the locale.
+constexpr bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
 [[noreturn]] void failHeader(const InputFile& file);
 
 }  // namespace orva::tool

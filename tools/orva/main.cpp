@@ -141,9 +141,7 @@ const Choices<Chroma> sitings = {{"cosited", Chroma::cosited}, {"nearest", Chrom
 const Choices<Streaming> streamings = {{"automatic", Streaming::automatic},
                                        {"never", Streaming::never},
                                        {"always", Streaming::always}};
-const Choices<FileKind> kinds = {{"raw", FileKind::raw}, {"y4m", FileKind::y4m},
-                                 {"png", FileKind::png}, {"ppm", FileKind::ppm},
-                                 {"pgm", FileKind::pgm}, {"pam", FileKind::pam}};
+const Choices<FileKind> kinds(fileKinds.begin(), fileKinds.end());
 
 void addOutput(CLI::App* command, OutputChoice& choice) {
     command

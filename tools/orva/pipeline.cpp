@@ -2,6 +2,7 @@
 #include "pipeline.hpp"
 
 #include "failure.hpp"
+#include "memory.hpp"
 
 #include <algorithm>
 #include <system_error>
@@ -9,13 +10,17 @@
 
 namespace orva::tool {
 
-// With more than one thread a frame can wait to be written while each thread has one.
 Pipeline::Pipeline(FrameReader& reader, Format from, Format to, const Options& options,
                    unsigned threads)
-    : reader(reader), from(from), to(to), options(options), mostThreads(threads),
-      mostSlots(threads > 1 ? threads + 1 : 1) {
+    : reader(reader), from(from), to(to), options(options), mostThreads(threads), mostSlots(1) {
     spare.push_back(createSlot());
     slots = 1;
+    if (threads > 1) {
+        // A frame can wait to be written while each thread has one.
+        const auto [width, height] = reader.size();
+        const std::uint64_t bytes = frameBytes(from, width, height) + frameBytes(to, width, height);
+        mostSlots = std::clamp<std::uint64_t>(physicalMemory() / 2 / bytes, 1, threads + 1);
+    }
 }
 
 std::unique_ptr<Pipeline::Slot> Pipeline::createSlot() const {

@@ -35,8 +35,6 @@ char nextCharacter(InputFile& file) {
     return static_cast<char>(byte);
 }
 
-bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-
 // A number of PPM and PGM, which the given whitespace begins, and the one character behind it.
 std::uint32_t nextNumber(InputFile& file, char& space) {
     char c = space;

@@ -39,10 +39,9 @@ void Progress::show(std::uint64_t done) {
     std::fflush(stderr);
 }
 
-void Progress::finish() {
+Progress::~Progress() {
     if (shown) {
         std::fprintf(stderr, "\r%40s\r", "");
-        shown = false;
     }
 }
 

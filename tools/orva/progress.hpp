@@ -10,15 +10,12 @@ namespace orva::tool {
 class Progress {
 public:
     explicit Progress(std::optional<std::uint64_t> total);
-    ~Progress() { finish(); }
+    ~Progress();  // clears the line
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
     // Shows how many frames are done, now and then; nothing for a single frame or no terminal.
     void show(std::uint64_t done);
-
-    // Clears the line.
-    void finish();
 
 private:
     std::optional<std::uint64_t> total;
