@@ -1,7 +1,9 @@
 // Our own kernels, and memory moved.
 #include "competitors.hpp"
 
+#if defined(__SSE2__)
 #include <emmintrin.h>
+#endif
 
 #include <cstring>
 
@@ -13,6 +15,18 @@ const char* bestTable() {
         if (table.isSupported())
             best = table.instructionSet;
     return best;
+}
+
+// What a host needs after streaming stores before it hands the frame on.
+static void storeFence() {
+#if defined(__SSE2__)
+    _mm_sfence();
+#endif
+}
+
+// SSE4.1 and AVX-VNNI change how kernels compute, not how those of SSE2 and AVX2 read and write.
+static bool hasAccessesOfItsOwn(std::string_view table) {
+    return table == bestTable() || (table != "SSE4.1" && table != "AVX-VNNI");
 }
 
 // With streaming stores it writes something shorter than the format.
@@ -45,9 +59,8 @@ void addKernels(std::vector<Competitor>& list, const std::string& name,
                 [call = c.conversion->call, layout, streaming](uint8_t* memory) {
                     const Descriptor d = layout.at(memory);
                     call(&d);
-                    // What a host needs before it hands the frame on is part of the price.
                     if (streaming)
-                        _mm_sfence();
+                        storeFence();
                 },
         });
     }
@@ -64,7 +77,7 @@ std::vector<Competitor> competitors(const Case& c, Size size, const Selection& s
             continue;
         const char* const name = table.instructionSet;
         addKernels(list, name, table, c, size, Form::fast);
-        if (!selection.generalForms || c.mode != 0)
+        if (!selection.generalForms || c.mode != 0 || !hasAccessesOfItsOwn(name))
             continue;
         addKernels(list, name, table, c, size, Form::offset);
         if (size == hd)

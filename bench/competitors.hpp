@@ -31,8 +31,8 @@ inline constexpr const char *memoryName = "memcpy", *libyuvName = "libyuv",
 
 // Which of our kernels take part.
 struct Selection {
-    bool allTables = false;  // else only the best one
-    bool generalForms = false;
+    bool allTables = false;     // else only the best one
+    bool generalForms = false;  // of the tables whose memory accesses are their own
 };
 
 const char* bestTable();

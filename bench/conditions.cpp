@@ -3,13 +3,25 @@
 
 #include "text.hpp"
 
+#include <ctime>
+#include <iomanip>
 #include <sstream>
 
 namespace bench {
 
+static const char* compilerName() {
+#if defined(__clang__)
+    return "Clang " __clang_version__;
+#else
+    return "GCC " __VERSION__;
+#endif
+}
+
 std::string conditions(const std::string& samples, bool reuse, const Ring& ring) {
+    const std::time_t now = std::time(nullptr);
     std::ostringstream out;
-    out << processorName() << text(", last-level cache %zu MB, ", cacheBytes() >> 20)
+    out << std::put_time(std::gmtime(&now), "%F, ") << processorName()
+        << text(", last-level cache %zu MB, %s, ", cacheBytes() >> 20, compilerName())
         << sizeof(void*) * 8 << "-bit build. One thread on one core; medians of " << samples
         << ".\n"
         << (reuse ? "Every frame is converted again and again and stays in the cache if it fits.\n"

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <fstream>
 #include <new>
+#include <thread>
 #include <utility>
 
 namespace bench {
@@ -23,10 +24,15 @@ bool pinTo(int core) {
 
 std::string processorName() {
     std::ifstream info("/proc/cpuinfo");
-    for (std::string line; std::getline(info, line);)
-        if (line.starts_with("model name"))
-            return line.substr(line.find(':') + 2);
-    return "unknown processor";
+    std::string name = "unknown processor", family, model;
+    for (std::string line; std::getline(info, line) && !line.empty();)
+        for (const auto& [key, value] :
+             {std::pair("model name\t", &name), {"cpu family\t", &family}, {"model\t", &model}})
+            if (const size_t colon = line.find(": "); line.starts_with(key))
+                *value = line.substr(colon + 2);
+    if (!family.empty())
+        name += " (family " + family + ", model " + model + ")";
+    return std::to_string(std::thread::hardware_concurrency()) + " x " + name;
 }
 
 size_t cacheBytes() {

@@ -10,6 +10,7 @@ namespace bench {
 // Keeps this thread on one core, the present one if core is negative. False if it is not allowed.
 bool pinTo(int core);
 
+// With family, model and how many there are: virtual machines often leave out the rest of the name.
 std::string processorName();
 
 // Of the last-level cache, in bytes.

@@ -1,10 +1,13 @@
 // orva-bench: how fast the conversions are, compared with memory and with other libraries.
+#include "bytes.hpp"
 #include "competitors.hpp"
 #include "conditions.hpp"
 #include "pair_report.hpp"
 #include "progress.hpp"
 #include "targets.hpp"
+#include "text.hpp"
 
+#include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -17,11 +20,11 @@ namespace {
 
 constexpr const char* usage = R"(orva-bench [OPTION...]
   --full            all tables of kernels, sizes and forms of frames
-  --targets         judge the speeds as well; fails if one is too low
+  --targets         judge the speeds as well; one that is too low is a line of the report, no error
   --hd              1920x1080 only, all tables
   --convert         orva::convert instead of the exports: every pair of formats, against the
-                    exports; judged too, but never fails; of the other options only --filter,
-                    --warm, --rounds, --cpu and --out count
+                    exports; judged too; of the other options only --filter, --warm, --rounds,
+                    --cpu and --out count
   --accuracy        only the table of the arithmetic's errors
   --filter TEXT     conversions whose names contain TEXT
   --compare FILE    with --targets: report.csv of another build
@@ -33,6 +36,7 @@ constexpr const char* usage = R"(orva-bench [OPTION...]
   --out FOLDER      where report.md, report.csv and report.svg go (.), or convert.md and
                     convert.csv
   --benchmark_...   run single measurements under Google Benchmark; its options
+Ends with status 2 if an option cannot be used, the kernels' bytes are wrong or a report cannot be written.
 )";
 
 struct Options {
@@ -44,10 +48,14 @@ struct Options {
     std::vector<char*> ofGoogleBenchmark;
 };
 
-int number(const char* option, const std::string& value) try {
-    return std::stoi(value);
-} catch (const std::logic_error&) {
-    throw std::invalid_argument(std::string(option) + " needs a number, not '" + value + "'");
+int number(const char* option, const std::string& value, int least) {
+    int number = 0;
+    const char* const end = value.data() + value.size();
+    const auto [parsed, error] = std::from_chars(value.data(), end, number);
+    if (error != std::errc() || parsed != end || number < least)
+        throw std::invalid_argument(std::string(option) + " needs a number from " +
+                                    std::to_string(least) + " on, not '" + value + "'");
+    return number;
 }
 
 Options parse(int argc, char** argv) {
@@ -80,8 +88,8 @@ Options parse(int argc, char** argv) {
         if (!known)
             throw std::invalid_argument("unknown option " + std::string(name) + "\n" + usage);
     }
-    options.method.rounds = std::max(1, number("--rounds", rounds));
-    options.cpu = number("--cpu", cpu);
+    options.method.rounds = number("--rounds", rounds, 1);
+    options.cpu = number("--cpu", cpu, -1);
     return options;
 }
 
@@ -94,7 +102,12 @@ std::vector<Row> measureAll(const Options& options, Ring& ring) {
 
     const auto list = cases(options.filter);
     std::vector<Row> rows;
-    Progress progress(list.size() * sizes.size());
+    std::vector<std::string> labels;
+    for (const Size size : sizes)
+        labels.push_back(label(size));
+    Progress progress(text("%zu conversions at ", list.size()) + joined(labels) +
+                          ", the best table " + bestTable(),
+                      list.size() * sizes.size());
     for (const Case& c : list)
         for (const Size size : sizes) {
             progress.next(c.name() + " " + label(size));
@@ -113,14 +126,30 @@ template <class Row> void expectSome(const std::vector<Row>& rows, const Options
         throw std::invalid_argument("no conversion's name contains '" + options.filter + "'");
 }
 
-// Where reports go.
+// Where reports go: made before minutes of measuring.
 std::filesystem::path folderOf(const Options& options) {
     std::filesystem::create_directories(options.out);
     return options.out;
 }
 
-int report(const Options& options, Ring& ring) {
+void save(const std::filesystem::path& file, const std::string& content) {
+    std::ofstream out(file);
+    out << content;
+    if (!out.flush())
+        throw std::runtime_error("cannot write " + file.string());
+}
+
+void summarize(const Judgement& judgement, const std::filesystem::path& folder,
+               const std::string& reports) {
+    std::cout << "\nTargets:\n";
+    judgement.writeSummary(std::cout);
+    std::cout << "Each miss is in " << (folder / reports).string() << "\n";
+}
+
+void report(const Options& options, Ring& ring) {
+    const std::filesystem::path folder = folderOf(options);
     const OtherBuild other = options.compare.empty() ? OtherBuild() : OtherBuild(options.compare);
+    checkBytesOfExports();
     const std::vector<Row> rows = measureAll(options, ring);
     expectSome(rows, options);
 
@@ -128,10 +157,10 @@ int report(const Options& options, Ring& ring) {
     writeMarkdown(
         markdown, rows, options.full,
         conditions(std::to_string(options.method.rounds) + " samples", options.method.reuse, ring));
-    bool met = true;
+    const Judgement judgement = options.targets ? judge(rows, other) : Judgement();
     if (options.targets) {
         markdown << "\n";
-        met = writeTargets(markdown, rows, other);
+        judgement.write(markdown);
     }
     if (options.filter.empty() && !options.onlyHd) {
         markdown << "\n";
@@ -139,15 +168,19 @@ int report(const Options& options, Ring& ring) {
     }
     std::cout << markdown.str();
 
-    const std::filesystem::path folder = folderOf(options);
-    std::ofstream(folder / "report.md") << markdown.str();
-    std::ofstream csv(folder / "report.csv"), chart(folder / "report.svg");
+    std::ostringstream csv, chart;
     writeCsv(csv, rows);
     writeChart(chart, rows);
-    return met ? 0 : 1;
+    save(folder / "report.md", markdown.str());
+    save(folder / "report.csv", csv.str());
+    save(folder / "report.svg", chart.str());
+    if (options.targets)
+        summarize(judgement, folder, "report.md");
 }
 
 void reportPairs(const Options& options, Ring& ring) {
+    const std::filesystem::path folder = folderOf(options);
+    checkBytesOfPairs();
     const std::vector<PairRow> rows = measurePairs(pairs(options.filter), ring, options.method);
     expectSome(rows, options);
 
@@ -157,13 +190,15 @@ void reportPairs(const Options& options, Ring& ring) {
                 "their stores the better kind counts.\n";
     writePairs(markdown, rows);
     markdown << "\n";
-    writePairTargets(markdown, rows);
+    const Judgement judgement = judge(rows);
+    judgement.write(markdown);
     std::cout << markdown.str();
 
-    const std::filesystem::path folder = folderOf(options);
-    std::ofstream(folder / "convert.md") << markdown.str();
-    std::ofstream csv(folder / "convert.csv");
+    std::ostringstream csv;
     writePairsCsv(csv, rows);
+    save(folder / "convert.md", markdown.str());
+    save(folder / "convert.csv", csv.str());
+    summarize(judgement, folder, "convert.md");
 }
 
 }  // namespace
@@ -190,8 +225,10 @@ int main(int argc, char** argv) try {
         return 0;
     }
     std::vector<char*>& others = options.ofGoogleBenchmark;
-    if (others.empty())
-        return report(options, ring);
+    if (others.empty()) {
+        report(options, ring);
+        return 0;
+    }
 #if ORVA_BENCH_GOOGLE_BENCHMARK
     others.insert(others.begin(), argv[0]);
     return runGoogleBenchmark(others, ring, options.method.reuse);

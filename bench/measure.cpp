@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <random>
 
 namespace bench {
 
@@ -29,19 +30,30 @@ static double now() {
     return double(time.tv_sec) * 1e9 + double(time.tv_nsec);
 }
 
+// Before timed calls a competitor moves as much as the cache holds, but not more than this:
+// servers' caches are large and shared by many cores, and filling them would take an hour in all.
+constexpr size_t longestLead = size_t(32) << 20;
+
 void measure(std::span<Competitor> competitors, Ring& ring, const Method& method) {
     size_t slot = 0;
     for (const Competitor& competitor : competitors)
         slot = std::max(slot, competitor.frame.bytes());
 
+    std::vector<Competitor*> order;
+    for (Competitor& competitor : competitors)
+        order.push_back(&competitor);
+    std::minstd_rand random;
+
     for (int round = 0; round < method.rounds; ++round) {
-        for (Competitor& c : competitors) {
+        std::ranges::shuffle(order, random);
+        for (Competitor* const competitor : order) {
+            Competitor& c = *competitor;
             const auto call = [&] { c.convert(ring.next(slot, method.reuse)); };
             c.prepare();
             // Until the cache holds nothing but its own lines: it writes back those that others
             // left modified, and others write back its.
             const size_t moved = c.frame.moved;
-            const size_t filled = std::min(cacheBytes(), method.lead);
+            const size_t filled = std::min(cacheBytes(), longestLead);
             const size_t lead = method.reuse ? 1 : (filled + moved - 1) / moved;
             for (size_t i = 0; i < lead; ++i)
                 call();

@@ -35,13 +35,11 @@ struct Competitor {
 struct Method {
     bool reuse = false;  // one frame again and again instead of a ring of frames
     int rounds = 15;
-    // How much is moved before timed calls at most, if the cache is larger: some servers' are so
-    // large that many short rounds tell more.
-    size_t lead = SIZE_MAX;
 };
 
 // Fills in the samples. Every round measures each competitor once, so that a disturbance hits all
-// alike and samples of the same round can be compared.
+// alike and samples of the same round can be compared; and each in another order, so that none
+// always comes behind the same one.
 void measure(std::span<Competitor> competitors, Ring& ring, const Method& method);
 
 double median(std::vector<double> values);

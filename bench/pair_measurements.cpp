@@ -10,7 +10,6 @@ namespace {
 
 Method fromMemory(const Method& asked, bool hasExport) {
     Method method = asked;
-    method.lead = size_t(64) << 20;
     if (!hasExport)
         method.rounds = (asked.rounds + 1) / 2;
     return method;
@@ -26,7 +25,9 @@ Method fromCache(const Method& asked) {
 
 std::vector<PairRow> measurePairs(const std::vector<Pair>& list, Ring& ring, const Method& asked) {
     std::vector<PairRow> rows;
-    Progress progress(list.size());
+    Progress progress(std::to_string(list.size()) + " pairs of formats with " +
+                          joined(pairTables()),
+                      list.size());
     for (const Pair& pair : list) {
         progress.next(pair.name());
         const auto add = [&](Size size, const Method& method) {

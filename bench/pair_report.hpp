@@ -1,6 +1,7 @@
 // What was measured of the checked library, for people and for programs.
 #pragma once
 
+#include "judgement.hpp"
 #include "pair_measurements.hpp"
 
 #include <ostream>
@@ -11,7 +12,7 @@ namespace bench {
 void writePairs(std::ostream& out, const std::vector<PairRow>& rows);
 void writePairsCsv(std::ostream& out, const std::vector<PairRow>& rows);
 
-// A table of the speeds that the checked library promises itself.
-void writePairTargets(std::ostream& out, const std::vector<PairRow>& rows);
+// Of the speeds that the checked library promises itself.
+Judgement judge(const std::vector<PairRow>& rows);
 
 }  // namespace bench

@@ -39,8 +39,13 @@ void writeLine(std::ostream& out, const Row& row, const Competitor& ours, bool w
 // The middle and the worst multiple of memcpy that each table needs for conversions that cost
 // alike.
 void writeSummary(std::ostream& out, const std::vector<Row>& rows) {
+    std::string columns, rule;
+    for (const orva::KernelTable& table : orva::kernelTables) {
+        columns += text(" %s |", table.instructionSet);
+        rule += "---|";
+    }
     out << "\n1920x1080, the better kind of stores: times of memcpy, median and worst\n\n"
-           "| conversions | SSE2 | AVX2 | AVX-512 |\n|---|---|---|---|\n";
+        << "| conversions |" << columns << "\n|---|" << rule << "\n";
     for (int family = 0; family <= int(Family::mode); ++family) {
         std::string line;
         for (const orva::KernelTable& table : orva::kernelTables) {

@@ -2,7 +2,6 @@
 #include "targets.hpp"
 
 #include "competitors.hpp"
-#include "judgement.hpp"
 #include "text.hpp"
 
 #include <fstream>
@@ -35,7 +34,11 @@ std::optional<double> OtherBuild::better(const Row& row, std::string_view table)
 
 namespace {
 
-double sse2Limit(Family family) {
+constexpr const char *memoryKind = "best table against memcpy",
+                     *olderKind = "older tables against memcpy", *libyuvKind = "against libyuv",
+                     *swscaleKind = "against swscale";
+
+double limitOf128Bits(Family family) {
     switch (family) {
     case Family::yuvToBgr32:
         return 2.5;
@@ -58,20 +61,23 @@ void judgeHd(Judgement& judgement, const Row& row, const Competitor& best,
              const OtherBuild& other) {
     const std::string name = row.measured.name();
     const Family family = row.measured.family();
-    judgement.expect("1920x1080 against libyuv", 1.03, row.against(best, libyuvName), name);
+    judgement.expect(libyuvKind, "1920x1080 against libyuv", 1.03, row.against(best, libyuvName),
+                     name);
     const bool colours = row.measured.computesColours();
-    judgement.expect(colours ? "1920x1080 against swscale, colours"
+    judgement.expect(swscaleKind,
+                     colours ? "1920x1080 against swscale, colours"
                              : "1920x1080 against swscale, no colours",
                      colours ? 0.2 : 1, row.against(best, swscaleName), name);
 
-    const Competitor* const avx2 = row.better("AVX2");
-    if (avx2 && name == "UYVY16I_BGR32I")
-        judgement.expect("AVX2, 1920x1080 against memcpy", 1.35, row.against(*avx2, memoryName),
-                         name);
-    const Competitor* const sse2 = row.better("SSE2");
-    if (sse2 && family != Family::mode)
-        judgement.expect(text("SSE2, 1920x1080 against memcpy: %s", label(family)),
-                         sse2Limit(family), row.against(*sse2, memoryName), name);
+    for (const char* table : {"AVX2", "AVX-VNNI"})
+        if (const Competitor* const ours = row.better(table); ours && name == "UYVY16I_BGR32I")
+            judgement.expect(olderKind, text("%s, 1920x1080 against memcpy", table), 1.35,
+                             row.against(*ours, memoryName), name + " " + table);
+    for (const char* table : {"SSE2", "SSE4.1"})
+        if (const Competitor* const ours = row.better(table); ours && family != Family::mode)
+            judgement.expect(
+                olderKind, text("%s, 1920x1080 against memcpy: %s", table, label(family)),
+                limitOf128Bits(family), row.against(*ours, memoryName), name + " " + table);
 
     for (const orva::KernelTable& table : orva::kernelTables) {
         const Competitor* const fast = row.better(table.instructionSet);
@@ -80,38 +86,43 @@ void judgeHd(Judgement& judgement, const Row& row, const Competitor& best,
         const std::string where = name + " " + table.instructionSet;
         for (const bool streaming : {false, true}) {
             const std::string stores = streaming ? ", streaming stores" : ", ordinary stores";
-            const auto expectLikeFast = [&](const char* what, Form form) {
+            const auto expectLikeFast = [&](const char* kind, const char* what, Form form) {
                 const Competitor* const aligned = row.find(table.instructionSet, streaming);
                 const Competitor* const general = row.find(table.instructionSet, streaming, form);
                 if (aligned && general)
-                    judgement.expect(what + stores, 1.05, ratio(*general, *aligned), where);
+                    judgement.expect(kind, what + stores, 1.05, ratio(*general, *aligned), where);
             };
-            expectLikeFast("1920x1080, offset destination against fast", Form::offset);
-            expectLikeFast("1922x1080 against 1920x1080, per pixel", Form::unevenly);
+            expectLikeFast("offset destination against aligned",
+                           "1920x1080, offset destination against fast", Form::offset);
+            expectLikeFast("1922 pixels against 1920", "1922x1080 against 1920x1080, per pixel",
+                           Form::unevenly);
         }
         if (const auto time = other.better(row, table.instructionSet))
-            judgement.expect("1920x1080, 32-bit build against this one", 1.15,
+            judgement.expect("32-bit build against this one",
+                             "1920x1080, 32-bit build against this one", 1.15,
                              *time / median(fast->samples), where);
     }
 }
 
 }  // namespace
 
-bool writeTargets(std::ostream& out, const std::vector<Row>& rows, const OtherBuild& other) {
+Judgement judge(const std::vector<Row>& rows, const OtherBuild& other) {
     Judgement judgement;
     for (const Row& row : rows) {
         const Competitor& best = *row.better(bestTable());
         const std::string name = row.measured.name();
         if (row.size == hd || row.size == uhd)
-            judgement.expect(label(row.size) + " against memcpy" +
+            judgement.expect(row.measured.mode == 0 ? memoryKind : "kernel modes against memcpy",
+                             label(row.size) + " against memcpy" +
                                  (row.measured.mode == 0 ? "" : ", kernel modes"),
                              1.1, row.against(best, memoryName), name);
         if (row.size == inCache)
-            judgement.expect("320x64 against libyuv", 1, row.against(best, libyuvName), name);
+            judgement.expect(libyuvKind, "320x64 against libyuv", 1, row.against(best, libyuvName),
+                             name);
         if (row.size == hd)
             judgeHd(judgement, row, best, other);
     }
-    return judgement.write(out);
+    return judgement;
 }
 
 }  // namespace bench

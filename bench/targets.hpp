@@ -1,6 +1,7 @@
 // The speeds that the library promises itself.
 #pragma once
 
+#include "judgement.hpp"
 #include "report.hpp"
 
 namespace bench {
@@ -18,7 +19,7 @@ private:
     std::vector<std::pair<std::string, double>> times;
 };
 
-// A table of all targets that the rows have measurements for. False if one is missed.
-bool writeTargets(std::ostream& out, const std::vector<Row>& rows, const OtherBuild& other);
+// Of all targets that the rows have measurements for.
+Judgement judge(const std::vector<Row>& rows, const OtherBuild& other);
 
 }  // namespace bench

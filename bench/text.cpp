@@ -15,4 +15,11 @@ std::string text(const char* format, ...) {
     return buffer;
 }
 
+std::string joined(const std::vector<std::string>& words) {
+    std::string list;
+    for (const std::string& word : words)
+        list += (list.empty() ? "" : ", ") + word;
+    return list;
+}
+
 }  // namespace bench
