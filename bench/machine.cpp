@@ -43,7 +43,13 @@ size_t cacheBytes() {
     return (kilobytes > 0 ? kilobytes : 32768) * 1024;
 }
 
-Ring::Ring() : size(std::max<size_t>(size_t(256) << 20, 8 * cacheBytes())) {
+// A 32-bit process has no room for eight times some servers' caches.
+static size_t ringBytes() {
+    const uint64_t wanted = std::max<uint64_t>(uint64_t(256) << 20, uint64_t(8) * cacheBytes());
+    return size_t(sizeof(void*) == 4 ? std::min(wanted, uint64_t(1) << 30) : wanted);
+}
+
+Ring::Ring() : size(ringBytes()) {
     void* const pages =
         mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (pages == MAP_FAILED)
