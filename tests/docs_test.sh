@@ -5,7 +5,8 @@
 #
 # conversions.md has each export of the list once in the first column of its tables, without the
 # prefix, and mentions no other. The tables that arithmetic.md marks as a family's coefficients hold
-# the numbers of that family's coefficients.hpp, in the same order.
+# the numbers of that family's coefficients.hpp, in the same order. What scripts/performance-docs writes
+# lies between its marks, and has a date and a table.
 set -euo pipefail
 export LC_ALL=C
 
@@ -41,4 +42,21 @@ for coefficients in "$src"/*/coefficients.hpp; do
     family=$(basename "$(dirname "$coefficients")")
     compare "$family" "$(numbers_of_code "$coefficients")" "$(numbers_of_tables "$family")"
 done
+
+# The names of a file's marked parts that are whole.
+marked_parts() {
+    awk '
+        /^<!-- figures: .* -->$/ { if (open) exit 1; open = 1; dates = rows = 0; name = $0; next }
+        open && /^20[0-9][0-9]-[0-9][0-9]-[0-9][0-9], .*-bit build/ { ++dates }
+        open && /^\|.*[0-9]\.[0-9][0-9]+ / { ++rows }
+        /^<!-- end of figures -->$/ {
+            if (!open) exit 1
+            open = 0
+            gsub(/<!-- figures: | -->/, "", name)
+            if (dates == 1 && rows > 0) print name
+        }' "$1"
+}
+compare "figures of README.md" $'exports\npairs' "$(marked_parts "$docs/../README.md")"
+compare "figures of performance.md" $'exports\ntargets of exports\npairs\ntargets of pairs' \
+    "$(marked_parts "$docs/performance.md")"
 exit "$status"
