@@ -1,10 +1,11 @@
 # What can be done here; the work is in scripts/.
-.PHONY: help demo test test-windows python bench bench-targets bench-convert bench-gstreamer bench-python format clean
+.PHONY: help demo test test-windows test-arm64 python bench bench-targets bench-convert bench-gstreamer bench-python format clean
 
 help:
 	@echo "make demo          convert test frames, show the speed, draw the chart in every format"
 	@echo "make test          build and test the 64-bit and 32-bit Linux libraries"
-	@echo "make test-windows  build the 32-bit Windows library and test it under Wine"
+	@echo "make test-windows  build the 32-bit and 64-bit Windows libraries and test them under Wine"
+	@echo "make test-arm64    build the 64-bit ARM library and test it under qemu"
 	@echo "make python        build the Python package, a wheel in build/python"
 	@echo "make bench         compare the speed with memory's and with other libraries', takes minutes"
 	@echo "make bench-targets the same, judged, and the 32-bit build's"
@@ -24,7 +25,11 @@ test:
 
 test-windows:
 	@scripts/install-deps windows
-	@scripts/run-tests windows-x86
+	@scripts/run-tests windows-x86 windows-x64
+
+test-arm64:
+	@scripts/install-deps arm64
+	@scripts/run-tests linux-arm64
 
 python:
 	@scripts/install-deps python

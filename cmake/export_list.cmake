@@ -3,6 +3,7 @@
 #
 #   ORVA_EXPORT_DEF_<list>       the list itself, which Windows links with
 #   ORVA_VERSION_SCRIPT_<list>   its ELF form
+#   ORVA_SYMBOL_LIST_<list>      its form for macOS
 #   orva-export-list             a target that lets C++ include "export_list.inc", one line
 #                                ORVA_EXPORT_NAME(name) for each export of liborva
 
@@ -14,6 +15,7 @@ function(orva_read_export_list list def variable)
   file(STRINGS ${def} lines)
   set(names "")
   set(globals "")
+  set(symbols "")
   foreach(line IN LISTS lines)
     string(REGEX REPLACE ";.*" "" line "${line}")
     string(REGEX REPLACE "@.*" "" line "${line}")
@@ -26,11 +28,14 @@ function(orva_read_export_list list def variable)
     endif()
     list(APPEND names ${name})
     string(APPEND globals "    ${name};\n")
+    string(APPEND symbols "_${name}\n")
   endforeach()
   # An anonymous node: it defines no version symbol of its own.
   file(CONFIGURE OUTPUT ${generated}/${list}.map @ONLY
     CONTENT "{\n  global:\n@globals@  local:\n    *;\n};\n")
+  file(CONFIGURE OUTPUT ${generated}/${list}.symbols @ONLY CONTENT "@symbols@")
   set(ORVA_EXPORT_DEF_${list} ${def} PARENT_SCOPE)
+  set(ORVA_SYMBOL_LIST_${list} ${generated}/${list}.symbols PARENT_SCOPE)
   set(ORVA_VERSION_SCRIPT_${list} ${generated}/${list}.map PARENT_SCOPE)
   set(${variable} ${names} PARENT_SCOPE)
 endfunction()
