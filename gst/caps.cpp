@@ -151,7 +151,7 @@ bool isInMemory(const GstCapsFeatures* features) {
     for (guint i = 0; i < gst_caps_features_get_size(features); ++i) {
         const std::string_view feature = gst_caps_features_get_nth(features, i);
         if (feature != GST_CAPS_FEATURE_MEMORY_SYSTEM_MEMORY &&
-            feature != GST_CAPS_FEATURE_FORMAT_INTERLACED) {
+            feature != GST_CAPS_FEATURE_FORMAT_INTERLACED && !feature.starts_with("meta:")) {
             return false;
         }
     }
@@ -207,13 +207,13 @@ GstCaps* transformedCaps(GstPadDirection direction, const GstCaps* caps) {
 }
 
 GstCaps* fixatedCaps(const GstCaps* caps, GstCaps* others) {
-    const GstStructure* given = gst_caps_get_structure(caps, 0);
-    const Format* from =
-        formatOf(gst_video_format_from_string(gst_structure_get_string(given, "format")));
     if (gst_caps_is_subset(caps, others)) {
         gst_caps_replace(&others, const_cast<GstCaps*>(caps));
         return others;
     }
+    const GstStructure* given = gst_caps_get_structure(caps, 0);
+    const Format* from =
+        formatOf(gst_video_format_from_string(gst_structure_get_string(given, "format")));
     guint best = 0;
     const Format* to = nullptr;
     for (guint i = 0; i < gst_caps_get_size(others); ++i) {

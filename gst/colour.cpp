@@ -153,6 +153,8 @@ std::optional<Options> optionsFor(const GstVideoInfo& source, const GstVideoInfo
     const bool moves =
         fromRgb == toRgb && from.matrix == to.matrix &&
         (fromRgb ? from.range == to.range : rangeOf(from.range) == rangeOf(to.range));
+    options.srcRange = rangeOf(from.range);
+    options.dstRange = rangeOf(to.range);
     if (moves) {
         return options;
     }
@@ -162,8 +164,6 @@ std::optional<Options> optionsFor(const GstVideoInfo& source, const GstVideoInfo
     }
     options.srcMatrix = matrixOf(from.matrix).value_or(Matrix::bt709);
     options.dstMatrix = matrixOf(to.matrix).value_or(Matrix::bt709);
-    options.srcRange = rangeOf(from.range);
-    options.dstRange = rangeOf(to.range);
     return options;
 }
 

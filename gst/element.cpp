@@ -163,9 +163,13 @@ GstFlowReturn transformFrame(GstVideoFilter* filter, GstVideoFrame* source,
         return GST_FLOW_NOT_NEGOTIATED;
     }
     options->alpha = alpha;
-    const auto height = static_cast<std::uint32_t>(GST_VIDEO_INFO_FIELD_HEIGHT(&filter->in_info));
-    const Result result = self->tasks->run(
-        height, [&](RowRange rows) { return convertRows(*source, *destination, *options, rows); });
+    const Size size{
+        static_cast<std::uint32_t>(GST_VIDEO_INFO_WIDTH(&filter->in_info)),
+        static_cast<std::uint32_t>(GST_VIDEO_INFO_FIELD_HEIGHT(&filter->in_info)),
+    };
+    const Result result = self->tasks->run(size.height, [&](RowRange rows) {
+        return convertRows(*source, *destination, size, *options, rows);
+    });
     if (!result) {
         GST_ELEMENT_ERROR(self, STREAM, FORMAT, ("A frame does not fit into its buffer."),
                           ("%s", result.describe().c_str()));

@@ -23,11 +23,11 @@ Plane planeOf(const GstVideoFrame& frame, guint index, std::uint32_t height) {
     return {{memory + lowest, static_cast<std::size_t>(size - lowest)}, pitch};
 }
 
-ImageView viewOf(const GstVideoFrame& frame, const Format& format) {
+ImageView viewOf(const GstVideoFrame& frame, const Format& format, Size size) {
     ImageView view;
     view.format = format.orva;
-    view.width = static_cast<std::uint32_t>(GST_VIDEO_FRAME_WIDTH(&frame));
-    view.height = static_cast<std::uint32_t>(GST_VIDEO_INFO_FIELD_HEIGHT(&frame.info));
+    view.width = size.width;
+    view.height = size.height;
     guint index = 0;
     for (const PlaneIndex plane : {mainPlane, chromaPlane, crPlane}) {
         if (formatInfo(format.orva).planes[plane].unitBytes > 0) {
@@ -75,15 +75,15 @@ Result convertWithoutFourthByte(const ConstImageView& source, const ImageView& d
 
 }  // namespace
 
-Result convertRows(const GstVideoFrame& source, const GstVideoFrame& destination,
+Result convertRows(const GstVideoFrame& source, const GstVideoFrame& destination, Size size,
                    const Options& options, RowRange rows) {
     const Format* const from = formatOf(GST_VIDEO_FRAME_FORMAT(&source));
     const Format* const to = formatOf(GST_VIDEO_FRAME_FORMAT(&destination));
     if (!from || !to) {
         return {ErrorCode::badFormat, "format", -1, "give formats that the caps have"};
     }
-    const ConstImageView in = viewOf(source, *from);
-    const ImageView out = viewOf(destination, *to);
+    const ConstImageView in = viewOf(source, *from, size);
+    const ImageView out = viewOf(destination, *to, size);
     if (from->hasPadding && !to->hasPadding && formatInfo(to->orva).hasAlpha) {
         return convertWithoutFourthByte(in, out, options, rows);
     }

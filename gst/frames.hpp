@@ -5,9 +5,15 @@
 
 namespace orva::gst {
 
-// Converts some rows of a mapped frame into those of another one of the same size. Their planes lie
-// wherever their buffers have them; what does not fit into these is refused.
-Result convertRows(const GstVideoFrame& source, const GstVideoFrame& destination,
+// Pixels.
+struct Size {
+    std::uint32_t width, height;
+};
+
+// Converts some rows of a mapped frame into those of another one, both of the size: buffers may say
+// that there is more. Their planes lie wherever their buffers have them; what does not fit into
+// these is refused.
+Result convertRows(const GstVideoFrame& source, const GstVideoFrame& destination, Size size,
                    const Options& options, RowRange rows);
 
 }  // namespace orva::gst

@@ -70,7 +70,7 @@ TEST(Modes, RandomDescriptors) {
         Random random(2);
         for (const Export& conversion : exports())
             for (int32_t mode = 1; mode <= modesOf(conversion); ++mode)
-                for (int i = 0; i < 1000; ++i)
+                for (int i = 0; i < 500; ++i)
                     if (!agreeAtRandom(conversion, mode, random))
                         return;
     });
@@ -78,7 +78,7 @@ TEST(Modes, RandomDescriptors) {
 
 void runRandomDescriptors(uint32_t seed) {
     Random random(seed);
-    for (int i = 0; i < 100'000; ++i) {
+    for (int i = 0; i < 50'000; ++i) {
         const Export& conversion = exports()[pick(random, uint32_t(exports().size()))];
         const int32_t mode = int32_t(pick(random, uint32_t(modesOf(conversion) + 1)));
         if (!agreeAtRandom(conversion, mode, random))

@@ -22,7 +22,8 @@ inline bool supportsAvxVnni() {
     // Clang 14 knows no name for it.
     unsigned a, b, c, d;
     constexpr unsigned avxVnni = 1 << 4;
-    return supportsAvx2() && __get_cpuid_count(7, 1, &a, &b, &c, &d) && (a & avxVnni);
+    return supportsAvx2() && __get_cpuid_count(7, 0, &a, &b, &c, &d) && a >= 1 &&
+           __get_cpuid_count(7, 1, &a, &b, &c, &d) && (a & avxVnni);
 }
 // Hypervisors and hybrid processors may report one part without another.
 inline bool supportsAvx512() {

@@ -55,6 +55,8 @@ TEST(Caps, TellMatrixRangeAndChroma) {
          8,
          {bt709, bt601, studio, full}},
         {"UYVY", "colorimetry=bt709", "v210", "colorimetry=2:3:5:1", 8, {bt709, bt709}},
+        {"UYVY", "colorimetry=1:3:5:1", "v210", "", 8, {bt709, bt709, full, full}},
+        {"v210", "colorimetry=1:3:5:1", "UYVY", "", 8, {bt709, bt709, full, full}},
         // Where samples only move, any matrix does.
         {"UYVY", "colorimetry=smpte240m", "NV16", "", 8, {}},
         {"UYVY", "colorimetry=2:5:6:5", "NV16", "", 8, {}},

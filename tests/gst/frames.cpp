@@ -98,11 +98,14 @@ Buffer paddedFrame(const std::string& caps, Random& random, bool isInPieces) {
     gint strides[GST_VIDEO_MAX_PLANES] = {};
     Buffer buffer(gst_buffer_new());
     gsize size = 0;
+    // Of which the picture may be the first rows and columns only.
+    const guint wider = 12 * pick(random, 2), higher = 3 * pick(random, 2);
     for (guint plane = 0; plane < info.finfo->n_planes; ++plane) {
-        strides[plane] =
-            GST_VIDEO_INFO_PLANE_STRIDE(&info, plane) + static_cast<gint>(2 * pick(random, 40));
+        strides[plane] = GST_VIDEO_INFO_PLANE_STRIDE(&info, plane) +
+                         static_cast<gint>(4 * wider + 2 * pick(random, 40));
         offsets[plane] = size + 2 * pick(random, 40);
-        const gsize end = offsets[plane] + static_cast<gsize>(strides[plane] * info.height);
+        const gsize end = offsets[plane] + static_cast<gsize>(strides[plane]) *
+                                               (static_cast<guint>(info.height) + higher);
         if (isInPieces) {
             Buffer piece = noise(end - size, random);
             gst_buffer_append_memory(buffer.get(), gst_buffer_get_all_memory(piece.get()));
@@ -112,10 +115,10 @@ Buffer paddedFrame(const std::string& caps, Random& random, bool isInPieces) {
     if (!isInPieces) {
         buffer = noise(size, random);
     }
-    gst_buffer_add_video_meta_full(buffer.get(), GST_VIDEO_FRAME_FLAG_NONE,
-                                   GST_VIDEO_INFO_FORMAT(&info), static_cast<guint>(info.width),
-                                   static_cast<guint>(info.height), info.finfo->n_planes, offsets,
-                                   strides);
+    gst_buffer_add_video_meta_full(
+        buffer.get(), GST_VIDEO_FRAME_FLAG_NONE, GST_VIDEO_INFO_FORMAT(&info),
+        static_cast<guint>(info.width) + wider, static_cast<guint>(info.height) + higher,
+        info.finfo->n_planes, offsets, strides);
     return buffer;
 }
 
