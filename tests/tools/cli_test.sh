@@ -36,6 +36,7 @@ refuses "'limited'" pattern --format UYVY16I "${size[@]}" --range limited out
 refuses "'yes'" convert "${uyvy[@]}" --streaming yes clip.uyvy out
 refuses '--src-range' convert "${uyvy[@]}" --range full --src-range full clip.uyvy out
 refuses 'same number of frames' compare --format UYVY16I "${size[@]}" clip.uyvy frame.uyvy
+refuses 'both standard input' compare --format UYVY16I "${size[@]}" - - <clip.uyvy
 refuses "unknown command 'nonsense'" nonsense
 
 # Files, pipes and threads give the same frames.

@@ -55,11 +55,19 @@ void printScale(const std::string& name, int scale) {
     }
 }
 
+bool isStandardInput(const std::string& name) {
+    return name == "-" || name == "/dev/stdin" || name == "/dev/fd/0" || name == "/proc/self/fd/0";
+}
+
 }  // namespace
 
 bool runCompare(const CompareArguments& arguments) {
     if (!arguments.heatmap.empty() && !isPicture(kindOfName(arguments.heatmap))) {
         throw Failure("--heatmap " + arguments.heatmap + ": is not the name of a picture (.png)");
+    }
+    if (isStandardInput(arguments.first) && isStandardInput(arguments.second)) {
+        throw Failure(arguments.first + " and " + arguments.second +
+                      " are both standard input, which can be one of the files only");
     }
     ChannelReader first(arguments.first, arguments.in);
     const Format format = first.format();
