@@ -1,11 +1,9 @@
 // Frames on their way from a reader through a conversion to a writer, several at once.
 #include "pipeline.hpp"
 
-#include "failure.hpp"
 #include "memory.hpp"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 namespace orva::tool {
@@ -42,16 +40,21 @@ void Pipeline::run(FrameWriter& wanted) {
     }
 }
 
+// Nothing leaves it: run() must not end, nor any helper end the program, while others are at work.
 void Pipeline::work() {
     Lock lock(mutex);
-    while (!over()) {
-        if (!writing && !inOrder.empty() && inOrder.front()->done) {
-            writeFirst(lock);
-        } else if (!reading && !ended && makeSpare()) {
-            readNext(lock);
-        } else {
-            changed.wait(lock);
+    try {
+        while (!over()) {
+            if (!writing && !inOrder.empty() && inOrder.front()->done) {
+                writeFirst(lock);
+            } else if (!reading && !ended && makeSpare()) {
+                readNext(lock);
+            } else {
+                changed.wait(lock);
+            }
         }
+    } catch (...) {
+        stop(lock, std::current_exception());
     }
 }
 
@@ -61,19 +64,19 @@ bool Pipeline::makeSpare() {
         try {
             spare.push_back(createSlot());
             ++slots;
-        } catch (const Failure&) {
+        } catch (const std::exception&) {
             mostSlots = slots;
         }
     }
     return !spare.empty();
 }
 
-// One more thread while there may be frames for it; if the system has no more, these do.
+// One more thread while there may be frames for it; if the system has no more, or no memory, these do.
 void Pipeline::startHelper() {
     if (!ended && !over() && helpers.size() + 1 < mostThreads) {
         try {
             helpers.emplace_back([this] { work(); });
-        } catch (const std::system_error&) {
+        } catch (const std::exception&) {
             mostThreads = static_cast<unsigned>(helpers.size()) + 1;
         }
     }
