@@ -98,7 +98,8 @@ void Pipeline::readNext(Lock& lock) {
     lock.lock();
     reading.reset();
     changed.notify_all();
-    ended = !more || --toRead == 0;
+    const bool last = !more || --toRead == 0;
+    ended = ended || last;  // a frame before it may have failed
     if (!more && !slot.failure) {
         return;
     }
