@@ -2,11 +2,13 @@
 // name only when it is complete.
 #pragma once
 
+#include "open_inputs.hpp"
 #include "output_target.hpp"
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -36,8 +38,15 @@ public:
     bool holds(std::uint64_t count);
 
 private:
+    struct ForgetAndClose {
+        void operator()(std::FILE* file) const {
+            forgetInput(file);
+            CloseFile{}(file);
+        }
+    };
+
     std::string shownName;
-    FileHandle file;
+    std::unique_ptr<std::FILE, ForgetAndClose> file;
     std::vector<std::byte> ahead;  // what has been peeked at
     std::size_t aheadRead = 0;     // bytes of that
     std::uint64_t bytesRead = 0;

@@ -2,18 +2,16 @@
 #include "output_target.hpp"
 
 #include "failure.hpp"
+#include "open_inputs.hpp"
 #include "unfinished.hpp"
 
-#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cstring>
 #include <filesystem>
-#include <mutex>
 #include <optional>
 #include <random>
 #include <string_view>
-#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -29,30 +27,6 @@ constexpr mode_t permissions = 0777;
 [[noreturn]] void fail(const std::string& name) {
     throw Failure(name + ": cannot be written: " + std::strerror(errno));
 }
-
-bool isSameFile(const struct stat& a, const struct stat& b) {
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
-class Inputs {
-public:
-    void add(const struct stat& status) {
-        const std::lock_guard lock(mutex);
-        files.push_back(status);
-    }
-
-    bool contain(const struct stat& status) {
-        const std::lock_guard lock(mutex);
-        return std::ranges::any_of(
-            files, [&status](const struct stat& file) { return isSameFile(file, status); });
-    }
-
-private:
-    std::mutex mutex;
-    std::vector<struct stat> files;
-};
-
-Inputs inputs;
 
 // The N of /dev/fd/N and other names of descriptors. Opening one would make a new description of a
 // file, which begins at its first byte and may truncate it, and does not take sockets.
@@ -106,7 +80,7 @@ OutputTarget openDirectly(const std::string& name, const fs::path& path) {
                         .temporary = {}};
     struct stat status;
     if (fstat(fileno(target.file.get()), &status) == 0 && S_ISREG(status.st_mode)) {
-        if (inputs.contain(status)) {
+        if (isInput(fileno(target.file.get()))) {
             throw Failure(name + ": is also the input, and cannot be replaced");
         }
         if (!descriptor && ftruncate(fileno(target.file.get()), 0) != 0) {
@@ -185,13 +159,6 @@ OutputTarget openTarget(const std::string& name) {
         throw Failure(name + ": is a directory");
     }
     return S_ISREG(status.st_mode) ? openInPlaceOf(name, path, status) : openDirectly(name, name);
-}
-
-void noteInput(std::FILE* file) {
-    struct stat status;
-    if (fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode)) {
-        inputs.add(status);
-    }
 }
 
 }  // namespace orva::tool

@@ -20,7 +20,4 @@ struct OutputTarget {
 // Failure.
 OutputTarget openTarget(const std::string& name);
 
-// Keeps a file that is read from being written directly. Any thread may call it.
-void noteInput(std::FILE* file);
-
 }  // namespace orva::tool

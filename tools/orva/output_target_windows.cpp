@@ -74,6 +74,4 @@ OutputTarget openTarget(const std::string& name) {
     return target;
 }
 
-void noteInput(std::FILE*) {}
-
 }  // namespace orva::tool

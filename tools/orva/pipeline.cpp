@@ -71,7 +71,8 @@ bool Pipeline::makeSpare() {
     return !spare.empty();
 }
 
-// One more thread while there may be frames for it; if the system has no more, or no memory, these do.
+// One more thread while there may be frames for it; if the system has no more, or no memory, these
+// do.
 void Pipeline::startHelper() {
     if (!ended && !over() && helpers.size() + 1 < mostThreads) {
         try {
