@@ -72,6 +72,9 @@ public:
     // write() needs of it goes into `encoded`, whose memory may be used again.
     virtual void encode(const ConstImageView&, std::vector<std::byte>& /*encoded*/) const {}
 
+    // About how many bytes encoding a frame takes at most.
+    virtual std::uint64_t encodingBytes() const { return 0; }
+
     // Writes the next frame, which has been encoded.
     virtual void write(const ConstImageView& image, std::span<const std::byte> encoded) = 0;
 

@@ -3,7 +3,6 @@
 
 #include "failure.hpp"
 #include "format_names.hpp"
-#include "images.hpp"
 #include "png.hpp"
 #include "pnm.hpp"
 
@@ -41,13 +40,24 @@ Image readPicture(FileKind kind, InputFile& file) {
 }
 
 void writePicture(FileKind kind, MemoryFile& file, const ConstImageView& image) {
-    Image picture = createImage(storedFormat(kind, image.format), {image.width, image.height});
-    convertImage(image, picture.view());
     const auto write = kind == FileKind::png   ? writePng
                        : kind == FileKind::pam ? writePam
                        : kind == FileKind::pgm ? writePgm
                                                : writePpm;
+    const Format stored = storedFormat(kind, image.format);
+    if (stored == image.format) {
+        write(file, image);
+        return;
+    }
+    Image picture = createImage(stored, {image.width, image.height});
+    convertImage(image, picture.view());
     write(file, std::as_const(picture).view());
+}
+
+std::uint64_t pictureMemory(FileKind kind, Format format, FrameSize size) {
+    const Format stored = storedFormat(kind, format);
+    const std::uint64_t bytes = frameBytes(stored, size.width, size.height);
+    return stored == format ? bytes : 2 * bytes;
 }
 
 }  // namespace orva::tool

@@ -3,6 +3,7 @@
 
 #include "file_kind.hpp"
 #include "files.hpp"
+#include "images.hpp"
 
 #include <orva/convert.hpp>
 
@@ -16,5 +17,8 @@ Image readPicture(FileKind kind, InputFile& file);
 
 // Writes all of the file.
 void writePicture(FileKind kind, MemoryFile& file, const ConstImageView& image);
+
+// About how many bytes that takes at most: of the file and of a copy in the file's format.
+std::uint64_t pictureMemory(FileKind kind, Format format, FrameSize size);
 
 }  // namespace orva::tool

@@ -124,8 +124,9 @@ Numbered findNumbered(const std::string& name, NumberedName numbered,
 
 class PictureWriter final : public FrameWriter {
 public:
-    PictureWriter(FileKind kind, const std::string& name, std::uint64_t first)
-        : kind(kind), shownName(name), name(name), number(first) {}
+    PictureWriter(FileKind kind, const std::string& name, const OutputSettings& settings)
+        : kind(kind), shownName(name), name(name), number(settings.properties.firstNumber),
+          memory(pictureMemory(kind, settings.format, settings.size)) {}
 
     std::uint64_t capacity() const override { return name.hasNumber() ? UINT64_MAX : 1; }
 
@@ -133,6 +134,8 @@ public:
         MemoryFile file(shownName, encoded);
         writePicture(kind, file, image);
     }
+
+    std::uint64_t encodingBytes() const override { return memory; }
 
     void write(const ConstImageView&, std::span<const std::byte> encoded) override {
         OutputFile file(name.with(number++));
@@ -145,6 +148,7 @@ private:
     std::string shownName;  // of a frame that has not its number yet
     NumberedName name;
     std::uint64_t number;
+    std::uint64_t memory;
 };
 
 }  // namespace
@@ -166,7 +170,7 @@ std::unique_ptr<FrameReader> openNumberedPictures(const std::string& name, Numbe
 std::unique_ptr<FrameWriter> createPictures(FileKind kind, const std::string& name,
                                             const OutputSettings& settings) {
     requirePictureFormat(kind, name, settings.format);
-    return std::make_unique<PictureWriter>(kind, name, settings.properties.firstNumber);
+    return std::make_unique<PictureWriter>(kind, name, settings);
 }
 
 }  // namespace orva::tool

@@ -13,12 +13,6 @@ Pipeline::Pipeline(FrameReader& reader, Format from, Format to, const Options& o
     : reader(reader), from(from), to(to), options(options), mostThreads(threads), mostSlots(1) {
     spare.push_back(createSlot());
     slots = 1;
-    if (threads > 1) {
-        // A frame can wait to be written while each thread has one.
-        const auto [width, height] = reader.size();
-        const std::uint64_t bytes = frameBytes(from, width, height) + frameBytes(to, width, height);
-        mostSlots = std::clamp<std::uint64_t>(physicalMemory() / 2 / bytes, 1, threads + 1);
-    }
 }
 
 std::unique_ptr<Pipeline::Slot> Pipeline::createSlot() const {
@@ -31,6 +25,13 @@ std::unique_ptr<Pipeline::Slot> Pipeline::createSlot() const {
 void Pipeline::run(FrameWriter& wanted) {
     writer = &wanted;
     toRead = std::min(reader.count().value_or(UINT64_MAX), wanted.capacity());
+    if (mostThreads > 1) {
+        // A frame can wait to be written while each thread has one.
+        const auto [width, height] = reader.size();
+        const std::uint64_t bytes = frameBytes(from, width, height) +
+                                    frameBytes(to, width, height) + writer->encodingBytes();
+        mostSlots = std::clamp<std::uint64_t>(physicalMemory() / 2 / bytes, 1, mostThreads + 1);
+    }
     progress.emplace(toRead == UINT64_MAX ? std::nullopt : std::optional(toRead));
     work();
     helpers.clear();
