@@ -1,7 +1,9 @@
 // The output file that is not finished yet: what ends the program from outside removes it.
 #include "unfinished.hpp"
 
+#include <array>
 #include <atomic>
+#include <cstddef>
 
 #if defined(_WIN32)
 #include <windows.h>
@@ -13,6 +15,8 @@
 
 namespace orva::tool {
 namespace {
+
+constexpr std::size_t longestName = 4095;  // the systems open no longer ones
 
 std::atomic<const char*> unfinished = nullptr;
 static_assert(std::atomic<const char*>::is_always_lock_free);
@@ -58,10 +62,15 @@ bool handleEnds() {
 
 void setUnfinished(const std::string& name) {
     [[maybe_unused]] static const bool handled = handleEnds();
-    static std::string current;  // outlives its owner's copy, which may move
+    // Two by turns, never freed: a handler may be reading the name that is replaced.
+    static std::array<std::array<char, longestName + 1>, 2> names;
+    static std::size_t turn = 0;
     unfinished = nullptr;
-    current = name;
-    unfinished = current.empty() ? nullptr : current.c_str();
+    if (!name.empty() && name.size() <= longestName) {
+        turn = 1 - turn;
+        names[turn][name.copy(names[turn].data(), longestName)] = '\0';
+        unfinished = names[turn].data();
+    }
 }
 
 }  // namespace orva::tool
