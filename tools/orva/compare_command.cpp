@@ -3,6 +3,7 @@
 #include "commands.hpp"
 #include "failure.hpp"
 #include "heatmap.hpp"
+#include "numbered_name.hpp"
 
 #include <algorithm>
 #include <array>
@@ -65,6 +66,11 @@ bool runCompare(const CompareArguments& arguments) {
     if (!arguments.heatmap.empty() && !isPicture(kindOfName(arguments.heatmap))) {
         throw Failure("--heatmap " + arguments.heatmap + ": is not the name of a picture (.png)");
     }
+    const NumberedName heatmapName(arguments.heatmap);
+    if (heatmapName.hasNumber()) {
+        throw Failure("--heatmap " + arguments.heatmap +
+                      ": is one picture of all frames, and holds no number");
+    }
     if (isStandardInput(arguments.first) && isStandardInput(arguments.second)) {
         throw Failure(arguments.first + " and " + arguments.second +
                       " are both standard input, which can be one of the files only");
@@ -115,7 +121,7 @@ bool runCompare(const CompareArguments& arguments) {
     }
     if (heatmap) {
         heatmap->write(arguments.heatmap, greatest);
-        printScale(arguments.heatmap, greatest);
+        printScale(heatmapName.with(0), greatest);
     }
     const bool below = arguments.minimumPsnr && leastPsnr < *arguments.minimumPsnr;
     const bool above = arguments.maximumDifference && greatest > *arguments.maximumDifference;
