@@ -19,7 +19,7 @@ refuses 'A8C has no planes' pattern --format A8C "${size[@]}" out
 huge=(--size 4294967295x4294967295)
 refuses 'V210 of 4294967295x4294967295: is too large' info --format V210 "${huge[@]}" clip.uyvy
 refuses 'BGR32I of 4294967295x4294967295: is too large' pattern --format BGR32I "${huge[@]}" out
-refuses "'322x' is not a size" convert --from UYVY16I --to BGR32I --size 322x clip.uyvy out
+refuses "--size is a size such as 1920x1080, not '322x'" convert --from UYVY16I --to BGR32I --size 322x clip.uyvy out
 refuses 'needs --size' convert --from UYVY16I --to BGR32I clip.uyvy out
 refuses 'not a whole number of frames' convert "${uyvy[@]}" partial.uyvy precious
 refuses 'not a whole number of frames' convert "${uyvy[@]}" - precious <partial.uyvy
@@ -29,6 +29,8 @@ refuses 'missing.uyvy: cannot be read' convert "${uyvy[@]}" missing.uyvy out
 refuses 'is a directory' convert "${uyvy[@]}" . out
 refuses 'missing/out: cannot be written' convert "${uyvy[@]}" clip.uyvy missing/out
 refuses 'cannot be written' convert "${uyvy[@]}" clip.uyvy /dev/full
+refuses 'the name of the output is empty' convert "${uyvy[@]}" clip.uyvy ''
+refuses '--alpha is given more than once' convert "${uyvy[@]}" --alpha 3 --alpha 4 clip.uyvy out
 refuses '--alpha' convert "${uyvy[@]}" --alpha 256 clip.uyvy out
 refuses "'bt2100'" convert "${uyvy[@]}" --matrix bt2100 clip.uyvy out
 refuses "'left'" convert "${uyvy[@]}" --chroma left clip.uyvy out

@@ -48,7 +48,7 @@ refuses 'Y8PU8PV8P, not UYVY16I as --from says' convert --from UYVY16I --to BGR3
 refuses 'is 3x2, not 322x66' info "${size[@]}" "$y4m"
 refuses 'Y4M holds Y8PU8PV8P' convert "${uyvy[@]}" --to v210 clip.uyvy out.y4m
 refuses 'no place for a rate' convert "${uyvy[@]}" --to v210 --rate 25 clip.uyvy out
-refuses "'25:0' is not a rate" convert "${uyvy[@]}" --to yuv422p --rate 25:0 clip.uyvy out.y4m
+refuses "30000:1001, not '25:0'" convert "${uyvy[@]}" --to yuv422p --rate 25:0 clip.uyvy out.y4m
 # refuses_y4m <text> <header> [<frames>]
 refuses_y4m() {
     printf '%s\n%s' "$2" "${3:-}" >bad.y4m
@@ -148,7 +148,7 @@ for format in $("$orva" formats | sed -n 's/^  \([^ ]*\) .*/\1/p'); do
     done
 done
 refuses 'is too large' convert --from A8P --to A8P --size 2147483648x2147483648 - out </dev/null
-refuses "'2x2y255z' is not a size" info --format A8P --size 2x2y255z clip.uyvy
+refuses "not '2x2y255z'" info --format A8P --size 2x2y255z clip.uyvy
 cp clip.uyvy same.uyvy
 run convert "${uyvy[@]}" --to YUYV16I same.uyvy same.uyvy
 run convert --from YUYV16I --to UYVY16I "${size[@]}" same.uyvy same.uyvy

@@ -71,6 +71,9 @@ private:
 bool inFiles(Format format) { return formatInfo(format).planes[mainPlane].unitBytes > 0; }
 
 std::unique_ptr<FrameReader> openFrames(const std::string& name, const InputSettings& settings) {
+    if (name.empty()) {
+        throw Failure("the name of an input is empty");
+    }
     auto reader = openAll(name, settings);
     if (settings.size && *settings.size != reader->size()) {
         throw Failure(name + ": is " + sizeText(reader->size()) + ", not " +
@@ -83,6 +86,9 @@ std::unique_ptr<FrameReader> openFrames(const std::string& name, const InputSett
 }
 
 std::unique_ptr<FrameWriter> createFrames(const std::string& name, const OutputSettings& settings) {
+    if (name.empty()) {
+        throw Failure("the name of the output is empty");
+    }
     const FileKind kind = settings.kind ? *settings.kind : kindOfName(name);
     if (settings.rate && kind != FileKind::y4m) {
         throw Failure(name + ": has no place for a rate; Y4M files have");

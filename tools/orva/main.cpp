@@ -36,7 +36,7 @@ FrameSize parseSize(const std::string& text) {
     const FrameSize size = {wholeNumber(text.substr(0, x)).value_or(0),
                             wholeNumber(text.substr(std::min(x + 1, text.size()))).value_or(0)};
     if (size.width == 0 || size.height == 0) {
-        throw CLI::ValidationError("'" + text + "' is not a size such as 1920x1080");
+        throw CLI::ValidationError("--size is a size such as 1920x1080, not '" + text + "'");
     }
     return size;
 }
@@ -75,7 +75,8 @@ std::string parseRate(const std::string& text) {
     const auto number = wholeNumber(text.substr(0, end));
     const auto divisor = end < text.size() ? wholeNumber(text.substr(end + 1)) : 1;
     if (number.value_or(0) == 0 || divisor.value_or(0) == 0) {
-        throw CLI::ValidationError("'" + text + "' is not a rate such as 25 or 30000:1001");
+        throw CLI::ValidationError(
+            "--rate is a number of frames a second such as 25 or 30000:1001, not '" + text + "'");
     }
     return std::to_string(*number) + ":" + std::to_string(*divisor);
 }

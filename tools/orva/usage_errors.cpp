@@ -32,6 +32,15 @@ std::string unknownCommand(const CLI::App& app, const std::string& word) {
     return "unknown command '" + word + "'" + suggestion(word, known);
 }
 
+// Empty if each is given once.
+std::string repeatedOption(const CLI::App& command) {
+    const auto repeated = command.get_options([](const CLI::Option* option) {
+        return option->get_multi_option_policy() == CLI::MultiOptionPolicy::Throw &&
+               option->count() > 1;
+    });
+    return repeated.empty() ? "" : repeated.front()->get_name() + " is given more than once";
+}
+
 std::string whatIsWrong(const CLI::App& app, const CLI::App& command, const std::string& refused) {
     for (const CLI::App* asked : {&app, &command}) {
         const std::vector<std::string> unknown = asked->remaining();
@@ -47,7 +56,11 @@ std::string whatIsWrong(const CLI::App& app, const CLI::App& command, const std:
             return "one file too many: '" + *word + "'";
         }
     }
-    return &command == &app ? "which command?" : refused;
+    if (&command == &app) {
+        return "which command?";
+    }
+    const std::string repeated = repeatedOption(command);
+    return repeated.empty() ? refused : repeated;
 }
 
 }  // namespace
