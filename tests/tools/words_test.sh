@@ -158,5 +158,6 @@ offers 'full studio' convert --stats --range ''
 offers 'where.ppm' compare --heatmap where.pp
 offers 'clip.uyvy' info --format uyvy --size 64x4 cl
 offers '' convert --alpha ''
+offers '' convert --rate ''
 
 exit $failures

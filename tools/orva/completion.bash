@@ -28,7 +28,7 @@ _orva() {
         WxH) words="720x576 1280x720 1920x1080 3840x2160" ;;
         PNG) words='' ;;
         *'|'*) words=${words//|/ } ;;
-        N | DB | 0..255) return ;;
+        N | 'N[:D]' | DB | 0..255) return ;;
         *) words='' previous='' ;; # a flag
         esac
     fi

@@ -64,8 +64,7 @@ void forgetInput(std::FILE* file) {
 bool isInput(int descriptor) {
     const std::lock_guard lock(mutex);
     Status output;
-    return getStatus(descriptor, output) &&
-           std::ranges::any_of(descriptors, [&output](int input) {
+    return getStatus(descriptor, output) && std::ranges::any_of(descriptors, [&output](int input) {
                Status status;
                return getStatus(input, status) && isSameFile(status, output);
            });
