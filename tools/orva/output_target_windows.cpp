@@ -2,6 +2,7 @@
 #include "output_target.hpp"
 
 #include "failure.hpp"
+#include "open_inputs.hpp"
 #include "unfinished.hpp"
 
 #include <cstdint>
@@ -60,6 +61,9 @@ OutputTarget openTarget(const std::string& name) {
     }
     if (old && !isOnDisk(old.get())) {
         return {.file = std::move(old), .path = {}, .temporary = {}};
+    }
+    if (old && isInput(_fileno(old.get()))) {
+        throw Failure(name + ": is also the input, and cannot be replaced while it is read");
     }
     const fs::path path = old ? fs::canonical(name) : fs::path(name);
     std::random_device device;
