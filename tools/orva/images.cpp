@@ -22,7 +22,7 @@ void failTooLarge(Format format, FrameSize size) {
 }
 
 void requireMemory(Format format, FrameSize size) {
-    if (frameBytes(format, size.width, size.height) > physicalMemory() / 2) {
+    if (frameBytes(format, size.width, size.height) > usableMemory() / 2) {
         failTooLarge(format, size);
     }
 }

@@ -1,5 +1,7 @@
-// How much memory this machine has.
+// How much memory the program may use.
 #include "memory.hpp"
+
+#include "control_group.hpp"
 
 #include <algorithm>
 
@@ -15,20 +17,26 @@
 
 namespace orva::tool {
 
-std::uint64_t physicalMemory() {
-    constexpr std::uint64_t addressable = SIZE_MAX;
+std::uint64_t usableMemory() {
+    std::uint64_t memory = SIZE_MAX;  // what is addressable
 #if defined(_WIN32)
     MEMORYSTATUSEX status{};
     status.dwLength = sizeof status;
-    return GlobalMemoryStatusEx(&status) ? std::min<std::uint64_t>(status.ullTotalPhys, addressable)
-                                         : addressable;
+    if (GlobalMemoryStatusEx(&status)) {
+        memory = std::min<std::uint64_t>(memory, status.ullTotalPhys);
+    }
 #else
     const long pages = sysconf(_SC_PHYS_PAGES), bytes = sysconf(_SC_PAGESIZE);
-    return pages > 0 && bytes > 0
-               ? std::min(static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(bytes),
-                          addressable)
-               : addressable;
+    if (pages > 0 && bytes > 0) {
+        memory =
+            std::min(memory, static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(bytes));
+    }
+    // Without a limit it says "max".
+    if (std::uint64_t limit; openControl("memory.max") >> limit) {
+        memory = std::min(memory, limit);
+    }
 #endif
+    return memory;
 }
 
 }  // namespace orva::tool

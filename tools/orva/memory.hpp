@@ -1,12 +1,12 @@
-// How much memory this machine has.
+// How much memory the program may use.
 #pragma once
 
 #include <cstdint>
 
 namespace orva::tool {
 
-// In bytes, of which a program can use no more than it can address; all of these where the system
-// does not tell.
-std::uint64_t physicalMemory();
+// In bytes: what the machine and, on Linux, the program's control group have, but no more than it
+// can address; all of that where the system does not tell.
+std::uint64_t usableMemory();
 
 }  // namespace orva::tool

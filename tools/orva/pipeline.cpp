@@ -30,7 +30,7 @@ void Pipeline::run(FrameWriter& wanted) {
         const auto [width, height] = reader.size();
         const std::uint64_t bytes = frameBytes(from, width, height) +
                                     frameBytes(to, width, height) + writer->encodingBytes();
-        mostSlots = std::clamp<std::uint64_t>(physicalMemory() / 2 / bytes, 1, mostThreads + 1);
+        mostSlots = std::clamp<std::uint64_t>(usableMemory() / 2 / bytes, 1, mostThreads + 1);
     }
     progress.emplace(toRead == UINT64_MAX ? std::nullopt : std::optional(toRead));
     work();

@@ -1,10 +1,10 @@
 // How many processors the program may keep busy.
 #include "processors.hpp"
 
+#include "control_group.hpp"
+
 #include <algorithm>
 #include <cmath>
-#include <fstream>
-#include <string>
 #include <thread>
 
 #if defined(__linux__)
@@ -25,15 +25,9 @@ unsigned scheduledOn() {
 
 // What the control group (version 2) allows, in processors; 0 if it sets no limit.
 unsigned allowed() {
-    std::ifstream groups("/proc/self/cgroup");
-    for (std::string group; std::getline(groups, group);) {
-        if (group.starts_with("0::")) {
-            std::ifstream limit("/sys/fs/cgroup" + group.substr(3) + "/cpu.max");
-            double time, period;
-            return limit >> time >> period ? static_cast<unsigned>(std::ceil(time / period)) : 0;
-        }
-    }
-    return 0;
+    std::ifstream limit = openControl("cpu.max");
+    double time, period;
+    return limit >> time >> period ? static_cast<unsigned>(std::ceil(time / period)) : 0;
 }
 
 }  // namespace
