@@ -8,7 +8,8 @@
 // knows of an odd width or of a row's last bytes.
 //
 // Past the cache only whole cache lines are written. Where a long row does not begin with one, a
-// first piece is written through the cache, and the next one begins at a line within it.
+// first piece is written through the cache, and the next one begins at a line within it. Of several
+// rows that begin with a line, and do not end with one, the end is written through the cache.
 //
 // A piece is some pixels of one row, or of as many rows as are alike.
 #include "picture/rows.hpp"
@@ -113,9 +114,9 @@ public:
           // What is converted in place is not converted twice.
           mayOverlap(!isInPlace()),
           streams((plan.onlyMoves() ? streaming.moves : streaming.computed) && mayOverlap &&
-                  (area.height == 1 || rowsAreLines())),
-          overlapsEnd(mayOverlap && plan.unitPixels < 6 && area.width >= kernels.block &&
-                      area.width % plan.unitPixels == 0) {}
+                  (area.height == 1 || rowsBeginAtLines())),
+          overlapsEnd(mayOverlap && !(streams && area.height > 1) && plan.unitPixels < 6 &&
+                      area.width >= kernels.block && area.width % plan.unitPixels == 0) {}
 
     void convert() {
         const size_t most = rowsAtOnce();
@@ -147,14 +148,19 @@ private:
     // Whether what a piece holds passes through a strip.
     bool inStrips() const { return (plan.compute && plan.finish) || plan.prepare; }
 
-    // Whether rows are whole blocks that begin at cache lines. Where each row has lines that it
-    // shares or fills in parts, writing past the cache costs what it saves.
-    bool rowsAreLines() const {
-        for (size_t i = 0; i < planeCount; ++i)
-            if (plan.destination.planes[i].unitBytes > 0 &&
-                uintptr_t(area.destination.planes[i].pitch) % line != 0)
+    // Whether rows begin at cache lines, and their ends are little beside the rest. Where each row
+    // also begins with a line that it shares or fills in part, writing past the cache costs what it
+    // saves.
+    bool rowsBeginAtLines() const {
+        constexpr size_t longRow = 40 * line;
+        const bool endWithBlocks = wholeFrom(0) == area.width;
+        for (size_t i = 0; i < planeCount; ++i) {
+            const PlaneInfo& plane = plan.destination.planes[i];
+            if (plane.unitBytes > 0 && (uintptr_t(area.destination.planes[i].pitch) % line != 0 ||
+                                        (!endWithBlocks && bytesOf(plane, area.width) < longRow)))
                 return false;
-        return firstLine() == 0 && wholeFrom(0) == area.width;
+        }
+        return firstLine() == 0;
     }
 
     // The least x at which all planes of the first row of the destination are at cache lines, if
@@ -351,9 +357,11 @@ private:
     const Kernels& kernels;
     const Area& area;
     const bool streamsCopies;
-    const bool mayOverlap;   // a piece what another one converts as well
-    const bool streams;      // what passes write
-    const bool overlapsEnd;  // so that the last piece is a whole block
+    const bool mayOverlap;  // a piece what another one converts as well
+    const bool streams;     // what passes write
+    // The last piece is a whole block that overlaps the one before. Not where that has gone past
+    // the cache, from where its lines would have to come back.
+    const bool overlapsEnd;
 
     RowStrip end, out;
     SampleStrip prepared, computed;

@@ -23,7 +23,7 @@ struct Area {
     size_t height;
 };
 
-// What is written past the cache, where rows are whole cache lines or one long row: what only
+// What is written past the cache, where rows begin at cache lines or are one long row: what only
 // moves, and what is computed.
 struct StreamingKinds {
     bool moves, computed;

@@ -151,6 +151,37 @@ TEST_P(EverySource, MakesThePictureOfTheDefinitions) {
     }
 }
 
+// Such as images of the library's own have: most of a row goes past the cache, its end does not.
+TEST_P(EverySource, FillsLongRowsThatBeginAtCacheLines) {
+    Random random(8);
+    const Format from = formats()[GetParam()].format;
+    for (const FormatInfo& to : formats()) {
+        for (const std::uint32_t width : {2562, 2687}) {
+            if (!canConvert(from, to.format)) {
+                continue;
+            }
+            SCOPED_TRACE(nameOf(from, to.format) + " " + std::to_string(width));
+            Placements placements;
+            for (const PlaneIndex p : planeIndices) {
+                placements[p].gap = std::uint32_t(-rowBytes(to.format, p, width) % 64);
+            }
+            Canvas source(from, width, 3, randomPlacements(random));
+            Canvas poison(to.format, width, 3, placements);
+            fill(source, random);
+            fill(poison, random);
+            Options options = randomOptions(random);
+            withEveryPictureTable([&] {
+                Canvas expected = poison, streamed = poison;
+                options.streaming = Streaming::never;
+                ASSERT_TRUE(convert(source.view(), expected.view(), options));
+                options.streaming = Streaming::always;
+                ASSERT_TRUE(convert(source.view(), streamed.view(), options));
+                EXPECT_TRUE(streamed.memory == expected.memory);
+            });
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Checked, EverySource, ::testing::Range<std::size_t>(0, formats().size()),
                          [](const auto& info) { return std::string(formats()[info.param].name); });
 
