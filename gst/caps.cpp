@@ -4,6 +4,8 @@
 #include "colour.hpp"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <string_view>
@@ -93,14 +95,18 @@ std::vector<std::string> formatNames(Model model, const std::vector<const Format
 // size for GStreamer's default, or a receiver that takes any.
 void setColorimetry(GstStructure* structure, GstPadDirection direction, Model from, Model to) {
     std::vector<std::string> result;
+    std::set<std::array<int, 4>> before;  // chained converters ask with all of them at once
     const auto add = [&](const std::optional<GstVideoColorimetry>& declared) {
         int height = 0;
         const bool hasHeight = gst_structure_get_int(structure, "height", &height);
         if (!declared && (direction == GST_PAD_SRC || !hasHeight)) {
             return false;
         }
-        const auto more = convertibleColorimetries(declared, from, to, height);
-        result.insert(result.end(), more.begin(), more.end());
+        for (const auto& c : convertibleColorimetries(declared, from, to, height)) {
+            if (before.insert({c.range, c.matrix, c.transfer, c.primaries}).second) {
+                std::ranges::move(spellingsOf(c), std::back_inserter(result));
+            }
+        }
         return true;
     };
     const std::vector<std::string> texts = stringsOf(structure, "colorimetry");
@@ -237,10 +243,11 @@ GstCaps* fixatedCaps(const GstCaps* caps, GstCaps* others) {
 
     int height = 0;
     gst_structure_get_int(given, "height", &height);
-    const std::string colorimetry = preferredColorimetry(
+    const auto preferred = preferredColorimetry(
         declaredColorimetry(gst_structure_get_string(given, "colorimetry"), modelOf(*from)),
         modelOf(*from), modelOf(*to), height);
-    gst_structure_fixate_field_string(structure, "colorimetry", colorimetry.c_str());
+    gst_structure_fixate_field_string(structure, "colorimetry",
+                                      spellingsOf(preferred).front().c_str());
     return gst_caps_fixate(chosen);
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <memory>
+#include <utility>
 
 namespace orva::gst {
 namespace {
@@ -61,18 +62,22 @@ GstVideoColorimetry defaultColorimetry(Model model, int height) {
     return info.colorimetry;
 }
 
-std::string numbers(const GstVideoColorimetry& c) {
-    return std::to_string(c.range) + ':' + std::to_string(c.matrix) + ':' +
-           std::to_string(c.transfer) + ':' + std::to_string(c.primaries);
-}
-
-std::string nameOf(const GstVideoColorimetry& colorimetry) {
-    const std::unique_ptr<char, decltype(&g_free)> name(
-        gst_video_colorimetry_to_string(&colorimetry), g_free);
-    return name ? name.get() : numbers(colorimetry);
-}
-
 }  // namespace
+
+std::vector<std::string> spellingsOf(const GstVideoColorimetry& c) {
+    std::vector<std::string> result;
+    const std::unique_ptr<char, decltype(&g_free)> name(gst_video_colorimetry_to_string(&c),
+                                                        g_free);
+    if (name) {
+        result.emplace_back(name.get());
+    }
+    std::string numbers = std::to_string(c.range) + ':' + std::to_string(c.matrix) + ':' +
+                          std::to_string(c.transfer) + ':' + std::to_string(c.primaries);
+    if (result.empty() || result.front() != numbers) {
+        result.push_back(std::move(numbers));
+    }
+    return result;
+}
 
 std::optional<GstVideoColorimetry> declaredColorimetry(const char* text, Model model) {
     GstVideoColorimetry colorimetry;
@@ -88,10 +93,10 @@ std::optional<GstVideoColorimetry> declaredColorimetry(const char* text, Model m
     return colorimetry;
 }
 
-std::string preferredColorimetry(const std::optional<GstVideoColorimetry>& declared, Model from,
-                                 Model to, int height) {
+GstVideoColorimetry preferredColorimetry(const std::optional<GstVideoColorimetry>& declared,
+                                         Model from, Model to, int height) {
     if (declared && from == to) {
-        return nameOf(*declared);
+        return *declared;
     }
     GstVideoColorimetry result = defaultColorimetry(to, height);
     if (declared) {
@@ -101,16 +106,16 @@ std::string preferredColorimetry(const std::optional<GstVideoColorimetry>& decla
             result.matrix = GST_VIDEO_COLOR_MATRIX_BT2020;
         }
     }
-    return nameOf(result);
+    return result;
 }
 
-std::vector<std::string>
+std::vector<GstVideoColorimetry>
 convertibleColorimetries(const std::optional<GstVideoColorimetry>& declared, Model from, Model to,
                          int height) {
-    std::vector<std::string> result = {preferredColorimetry(declared, from, to, height)};
+    std::vector<GstVideoColorimetry> result = {preferredColorimetry(declared, from, to, height)};
     const GstVideoColorimetry source = declared.value_or(defaultColorimetry(from, height));
     if (!isComputable(source, from)) {
-        return from == to ? result : std::vector<std::string>{};
+        return from == to ? result : std::vector<GstVideoColorimetry>{};
     }
     const auto transfers = sameAs(source.transfer, declared.has_value(), customaryTransfers,
                                   {GST_VIDEO_TRANSFER_SMPTE2084, GST_VIDEO_TRANSFER_ARIB_STD_B67});
@@ -119,9 +124,7 @@ convertibleColorimetries(const std::optional<GstVideoColorimetry>& declared, Mod
     const auto add = [&](GstVideoColorRange range, GstVideoColorMatrix matrix) {
         for (const GstVideoTransferFunction transfer : transfers) {
             for (const GstVideoColorPrimaries primary : primaries) {
-                const GstVideoColorimetry target{range, matrix, transfer, primary};
-                result.push_back(nameOf(target));
-                result.push_back(numbers(target));
+                result.push_back({range, matrix, transfer, primary});
             }
         }
     };

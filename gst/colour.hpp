@@ -14,19 +14,23 @@ namespace orva::gst {
 // empty if there is no text, or none that fits, so that GStreamer's default holds.
 std::optional<GstVideoColorimetry> declaredColorimetry(const char* text, Model model);
 
-// Every way to write the colorimetries that a stream can be converted to, or from; the one to
-// choose where there is a choice comes first. Of a stream that declares none GStreamer's default
-// holds, which of YCbCr the height decides, but what is not declared may be declared as anything.
+// The ways to write it in caps, the usual one first.
+std::vector<std::string> spellingsOf(const GstVideoColorimetry& colorimetry);
+
+// The colorimetries that a stream can be converted to, or from; the one to choose where there is a
+// choice comes first, and again among the others. Of a stream that declares none GStreamer's
+// default holds, which of YCbCr the height decides, but what is not declared may be declared as
+// anything.
 //
 // The library computes matrices and ranges; transfer functions and primaries stay. Those of BT.601,
 // BT.709 and sRGB count as the same, as they do to cameras, mixers and screens for such video.
-std::vector<std::string>
+std::vector<GstVideoColorimetry>
 convertibleColorimetries(const std::optional<GstVideoColorimetry>& declared, Model from, Model to,
                          int height);
 
 // The one to choose.
-std::string preferredColorimetry(const std::optional<GstVideoColorimetry>& declared, Model from,
-                                 Model to, int height);
+GstVideoColorimetry preferredColorimetry(const std::optional<GstVideoColorimetry>& declared,
+                                         Model from, Model to, int height);
 
 // Whether chroma of a site that caps declare lies on the even pixels of a row.
 bool isCosited(GstVideoChromaSite site);
