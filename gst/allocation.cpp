@@ -1,6 +1,8 @@
 // Cache lines in allocation queries.
 #include "allocation.hpp"
 
+#include <gst/video/gstvideopool.h>
+
 #include <algorithm>
 
 namespace orva::gst {
@@ -43,6 +45,22 @@ void alignAllocation(GstQuery* query) {
             gst_object_unref(pool);
         }
     }
+}
+
+void alignRows(GstQuery* query) {
+    GstBufferPool* pool = nullptr;
+    gst_query_parse_nth_allocation_pool(query, 0, &pool, nullptr, nullptr, nullptr);
+    if (gst_buffer_pool_has_option(pool, GST_BUFFER_POOL_OPTION_VIDEO_ALIGNMENT)) {
+        GstVideoAlignment alignment;
+        gst_video_alignment_reset(&alignment);
+        std::ranges::fill(alignment.stride_align, static_cast<guint>(cacheLineMask));
+        GstStructure* config = gst_buffer_pool_get_config(pool);
+        gst_buffer_pool_config_add_option(config, GST_BUFFER_POOL_OPTION_VIDEO_META);
+        gst_buffer_pool_config_add_option(config, GST_BUFFER_POOL_OPTION_VIDEO_ALIGNMENT);
+        gst_buffer_pool_config_set_video_alignment(config, &alignment);
+        gst_buffer_pool_set_config(pool, config);
+    }
+    gst_object_unref(pool);
 }
 
 }  // namespace orva::gst

@@ -206,9 +206,18 @@ gboolean proposeAllocation(GstBaseTransform* base, GstQuery* decided, GstQuery* 
 }
 
 gboolean decideAllocation(GstBaseTransform* base, GstQuery* query) {
+    // The base class takes this answer out.
+    const bool receiverKnowsStrides =
+        gst_query_find_allocation_meta(query, GST_VIDEO_META_API_TYPE, nullptr);
     alignAllocation(query);
-    return GST_BASE_TRANSFORM_CLASS(orva_convert_element_parent_class)
-        ->decide_allocation(base, query);
+    if (!GST_BASE_TRANSFORM_CLASS(orva_convert_element_parent_class)
+             ->decide_allocation(base, query)) {
+        return FALSE;
+    }
+    if (receiverKnowsStrides) {
+        alignRows(query);
+    }
+    return TRUE;
 }
 
 gboolean start(GstBaseTransform* base) {

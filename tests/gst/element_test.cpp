@@ -192,6 +192,38 @@ TEST(Element, UsesBuffersThatBeginAtACacheLine) {
     gst_caps_unref(caps);
 }
 
+// If the next element knows how rows lie; else they lie as everybody expects them.
+TEST(Element, BeginsRowsAtCacheLinesWhereTheReceiverKnowsStrides) {
+    Random random(10);
+    const std::string in = capsOf("UYVY", 46, 6);
+    for (const char* format : {"BGRA", "BGR", "NV16", "Y42B", "v210"}) {
+        for (const bool knowsStrides : {true, false}) {
+            const std::string out = capsOf(format, 46, 6);
+            Element element;
+            if (knowsStrides) {
+                gst_harness_add_propose_allocation_meta(element.harness, GST_VIDEO_META_API_TYPE,
+                                                        nullptr);
+            }
+            gst_harness_set_sink_caps_str(element.harness, out.c_str());
+            gst_harness_set_src_caps_str(element.harness, in.c_str());
+            const Buffer frame = plainFrame(in, random);
+            const Buffer made = element(frame);
+            EXPECT_TRUE(isConverted(frame, in, made, out, sdOptions())) << format;
+            const GstVideoMeta* meta = gst_buffer_get_video_meta(made.get());
+            if (knowsStrides) {
+                ASSERT_TRUE(meta) << format;
+                for (guint i = 0; i < meta->n_planes; ++i) {
+                    EXPECT_EQ(meta->stride[i] % 64, 0) << format;
+                    EXPECT_EQ(meta->offset[i] % 64, 0U) << format;
+                }
+            } else {
+                const Buffer plain = plainFrame(out, random);
+                EXPECT_EQ(gst_buffer_get_size(made.get()), gst_buffer_get_size(plain.get()));
+            }
+        }
+    }
+}
+
 // One field in each buffer, which has half of the height.
 TEST(Element, ConvertsFieldsThatComeOneByOne) {
     Random random(9);
