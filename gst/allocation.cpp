@@ -51,10 +51,14 @@ void alignRows(GstQuery* query) {
     GstBufferPool* pool = nullptr;
     gst_query_parse_nth_allocation_pool(query, 0, &pool, nullptr, nullptr, nullptr);
     if (gst_buffer_pool_has_option(pool, GST_BUFFER_POOL_OPTION_VIDEO_ALIGNMENT)) {
+        GstStructure* config = gst_buffer_pool_get_config(pool);
         GstVideoAlignment alignment;
         gst_video_alignment_reset(&alignment);
-        std::ranges::fill(alignment.stride_align, static_cast<guint>(cacheLineMask));
-        GstStructure* config = gst_buffer_pool_get_config(pool);
+        // A receiver's own pool may have asked for room around the picture already.
+        gst_buffer_pool_config_get_video_alignment(config, &alignment);
+        for (guint& mask : alignment.stride_align) {
+            mask |= cacheLineMask;
+        }
         gst_buffer_pool_config_add_option(config, GST_BUFFER_POOL_OPTION_VIDEO_META);
         gst_buffer_pool_config_add_option(config, GST_BUFFER_POOL_OPTION_VIDEO_ALIGNMENT);
         gst_buffer_pool_config_set_video_alignment(config, &alignment);

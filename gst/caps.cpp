@@ -144,6 +144,26 @@ bool setChromaSite(GstStructure* structure, GstPadDirection direction, Model fro
     });
 }
 
+// Whether a neighbour that makes streams of these caps leaves its colours to GStreamer's default,
+// and that is one of those listed. Caps that name colours would not be fixed for a neighbour that
+// has no choice to make, such as a filter behind a file.
+bool leavesToDefault(const GstCaps* filter, const GstStructure* listed, Model model) {
+    const std::vector<std::string> names = stringsOf(listed, "colorimetry");
+    for (guint i = 0; i < gst_caps_get_size(filter); ++i) {
+        const GstStructure* structure = gst_caps_get_structure(filter, i);
+        int height = 0;
+        if (gst_structure_has_field(structure, "colorimetry") ||
+            !gst_structure_get_int(structure, "height", &height)) {
+            return false;
+        }
+        const auto usual = spellingsOf(defaultColorimetry(model, height));
+        if (std::ranges::find(names, usual.front()) == names.end()) {
+            return false;
+        }
+    }
+    return !gst_caps_is_empty(filter);
+}
+
 bool isEmpty(const GstStructure* structure, const char* field) {
     const GValue* value = gst_structure_get_value(structure, field);
     return value && GST_VALUE_HOLDS_LIST(value) && gst_value_list_get_size(value) == 0;
@@ -178,7 +198,7 @@ GstCaps* templateCaps() {
     return caps;
 }
 
-GstCaps* transformedCaps(GstPadDirection direction, const GstCaps* caps) {
+GstCaps* transformedCaps(GstPadDirection direction, const GstCaps* caps, GstCaps* filter) {
     GstCaps* result = gst_caps_new_empty();
     for (guint i = 0; i < gst_caps_get_size(caps); ++i) {
         const GstStructure* structure = gst_caps_get_structure(caps, i);
@@ -204,10 +224,19 @@ GstCaps* transformedCaps(GstPadDirection direction, const GstCaps* caps) {
             setColorimetry(other.get(), direction, from, to);
             setStrings(other.get(), "format",
                        formatNames(to, from == to ? sources : std::vector<const Format*>{}));
-            if (!isEmpty(other.get(), "colorimetry")) {
-                add(std::move(other));
+            if (isEmpty(other.get(), "colorimetry")) {
+                continue;
             }
+            if (filter && direction == GST_PAD_SRC && leavesToDefault(filter, other.get(), to)) {
+                gst_structure_remove_field(other.get(), "colorimetry");
+            }
+            add(std::move(other));
         }
+    }
+    if (filter) {
+        GstCaps* const all = result;
+        result = gst_caps_intersect_full(filter, all, GST_CAPS_INTERSECT_FIRST);
+        gst_caps_unref(all);
     }
     return result;
 }

@@ -10,8 +10,9 @@ namespace orva::gst {
 GstCaps* templateCaps();
 
 // What streams of these caps, on the pad of this direction, can become, or be made of, on the other
-// pad: their own formats first. Size, rate, aspect and whatever else caps tell stay.
-GstCaps* transformedCaps(GstPadDirection direction, const GstCaps* caps);
+// pad: their own formats first. Size, rate, aspect and whatever else caps tell stay. The filter,
+// which may be null, is what the other pad's neighbour can do.
+GstCaps* transformedCaps(GstPadDirection direction, const GstCaps* caps, GstCaps* filter);
 
 // One stream among `others`, which it takes, for the fixed `caps` of the other pad: the same if
 // that is there, else the format that costs least.

@@ -54,6 +54,8 @@ bool isComputable(const GstVideoColorimetry& colorimetry, Model model) {
                                : matrixOf(colorimetry.matrix).has_value();
 }
 
+}  // namespace
+
 GstVideoColorimetry defaultColorimetry(Model model, int height) {
     GstVideoInfo info;
     gst_video_info_set_format(&info,
@@ -61,8 +63,6 @@ GstVideoColorimetry defaultColorimetry(Model model, int height) {
                               2, static_cast<guint>(height));
     return info.colorimetry;
 }
-
-}  // namespace
 
 std::vector<std::string> spellingsOf(const GstVideoColorimetry& c) {
     std::vector<std::string> result;

@@ -14,6 +14,9 @@ namespace orva::gst {
 // empty if there is no text, or none that fits, so that GStreamer's default holds.
 std::optional<GstVideoColorimetry> declaredColorimetry(const char* text, Model model);
 
+// GStreamer's, for streams that declare none.
+GstVideoColorimetry defaultColorimetry(Model model, int height);
+
 // The ways to write it in caps, the usual one first.
 std::vector<std::string> spellingsOf(const GstVideoColorimetry& colorimetry);
 

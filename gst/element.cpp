@@ -118,13 +118,7 @@ void addProperties(GObjectClass* object) {
 
 GstCaps* transformCaps(GstBaseTransform*, GstPadDirection direction, GstCaps* caps,
                        GstCaps* filter) {
-    GstCaps* result = transformedCaps(direction, caps);
-    if (filter) {
-        GstCaps* const all = result;
-        result = gst_caps_intersect_full(filter, all, GST_CAPS_INTERSECT_FIRST);
-        gst_caps_unref(all);
-    }
-    return result;
+    return transformedCaps(direction, caps, filter);
 }
 
 GstCaps* fixateCaps(GstBaseTransform*, GstPadDirection, GstCaps* caps, GstCaps* others) {

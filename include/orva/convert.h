@@ -54,7 +54,7 @@ extern "C" {
 ORVA_CONVERT_API const char* ORVA_CONVERT_CALL orva_version(void);
 
 /* The instruction set that conversions use, chosen for this processor when the library was loaded:
- * "SSE2", "AVX2" or "AVX-512". All give the same bytes. */
+ * "SSE2", "SSE4.1", "AVX2", "AVX-VNNI", "AVX-512" or "NEON". All give the same bytes. */
 ORVA_CONVERT_API const char* ORVA_CONVERT_CALL orva_instruction_set(void);
 
 /* ---- Formats --------------------------------------------------------------------------------- */
@@ -142,12 +142,14 @@ ORVA_CONVERT_API uint64_t ORVA_CONVERT_CALL orva_row_bytes(OrvaFormat format, ui
                                                            uint32_t width);
 
 /* Bytes from a row to the next one in a raw frame, as files and pipes hold it: a row without a gap,
- * but in V210 the next multiple of 128, as capture cards and other programs have it. */
+ * but in V210 the next multiple of 128, as capture cards and other programs have it. 0 where
+ * orva_row_bytes gives 0. */
 ORVA_CONVERT_API uint64_t ORVA_CONVERT_CALL orva_frame_pitch(OrvaFormat format, uint32_t plane,
                                                              uint32_t width);
 
 /* Bytes of a raw frame: its planes in the order of ORVA_PLANE_MAIN to ORVA_PLANE_ALPHA, one behind
- * the other. UINT64_MAX if there are more than that, which no memory holds. */
+ * the other. 0 of A8C and of a value that is no format; UINT64_MAX if there are more than that,
+ * which no memory holds. */
 ORVA_CONVERT_API uint64_t ORVA_CONVERT_CALL orva_frame_bytes(OrvaFormat format, uint32_t width,
                                                              uint32_t height);
 
@@ -261,7 +263,8 @@ enum { ORVA_CHROMA_COSITED = 0, ORVA_CHROMA_NEAREST = 1 };
  * Never changes a byte, and takes place where rows of the destination begin at multiples of 64
  * bytes and are long or end with one as well, or, where no pixel needs its neighbours, where they
  * are one run of memory. Automatic: in pictures of 2 MB and more, source and destination together,
- * what only moves, and where the processor gains by it what is computed. */
+ * what only moves, and where the processor gains by it what is computed and takes no fewer bytes
+ * than the source. */
 enum { ORVA_STREAMING_AUTOMATIC = 0, ORVA_STREAMING_NEVER = 1, ORVA_STREAMING_ALWAYS = 2 };
 
 typedef struct OrvaOptions {

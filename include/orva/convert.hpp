@@ -453,7 +453,8 @@ enum class Chroma : std::uint32_t {
 // Never changes a byte, and takes place where rows of the destination begin at multiples of 64
 // bytes and are long or end with one as well, or, where no pixel needs its neighbours, where they
 // are one run of memory. Automatic: in pictures of 2 MB and more, source and destination together,
-// what only moves, and where the processor gains by it what is computed.
+// what only moves, and where the processor gains by it what is computed and takes no fewer bytes
+// than the source.
 enum class Streaming : std::uint32_t {
     automatic = ORVA_STREAMING_AUTOMATIC,
     never = ORVA_STREAMING_NEVER,

@@ -95,7 +95,8 @@ def frame_bytes(format: str, width: int, height: int) -> int:
 
 
 def instruction_set() -> str:
-    """What conversions use of this processor: "SSE2", "AVX2" or "AVX-512"."""
+    """What conversions use of this processor: "SSE2", "SSE4.1", "AVX2", "AVX-VNNI", "AVX-512" or
+    "NEON"."""
     return _orva.instruction_set()
 
 

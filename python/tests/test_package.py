@@ -23,7 +23,8 @@ def test_formats():
 
 def test_names_the_library():
     assert orva.__version__ == importlib.metadata.version("orva")
-    assert orva.instruction_set() in ("SSE2", "AVX2", "AVX-512")
+    sets = ("SSE2", "SSE4.1", "AVX2", "AVX-VNNI", "AVX-512", "NEON")
+    assert orva.instruction_set() in sets
 
 
 PROGRAM = """

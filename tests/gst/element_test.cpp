@@ -224,6 +224,46 @@ TEST(Element, BeginsRowsAtCacheLinesWhereTheReceiverKnowsStrides) {
     }
 }
 
+// Of a receiver that has rows above its frames and pixels beside them, for filters that reach out.
+TEST(Element, LeavesTheRoomThatTheReceiversPoolAsksFor) {
+    const auto propose = [](GstPad*, GstPadProbeInfo* info, gpointer) {
+        auto* const query = GST_PAD_PROBE_INFO_QUERY(info);
+        if (GST_QUERY_TYPE(query) != GST_QUERY_ALLOCATION) {
+            return GST_PAD_PROBE_OK;
+        }
+        GstCaps* caps = nullptr;
+        gst_query_parse_allocation(query, &caps, nullptr);
+        constexpr guint size = 4096;
+        GstBufferPool* pool = gst_video_buffer_pool_new();
+        GstStructure* config = gst_buffer_pool_get_config(pool);
+        gst_buffer_pool_config_set_params(config, caps, size, 0, 0);
+        gst_buffer_pool_config_add_option(config, GST_BUFFER_POOL_OPTION_VIDEO_META);
+        gst_buffer_pool_config_add_option(config, GST_BUFFER_POOL_OPTION_VIDEO_ALIGNMENT);
+        GstVideoAlignment room;
+        gst_video_alignment_reset(&room);
+        room.padding_top = 8;
+        gst_buffer_pool_config_set_video_alignment(config, &room);
+        gst_buffer_pool_set_config(pool, config);
+        gst_query_add_allocation_pool(query, pool, size, 0, 0);
+        gst_query_add_allocation_meta(query, GST_VIDEO_META_API_TYPE, nullptr);
+        gst_object_unref(pool);
+        return GST_PAD_PROBE_HANDLED;
+    };
+    Random random(13);
+    const std::string in = capsOf("UYVY", 46, 6), out = capsOf("BGRA", 46, 6);
+    Element element;
+    gst_pad_add_probe(element.harness->sinkpad, GST_PAD_PROBE_TYPE_QUERY_DOWNSTREAM, propose,
+                      nullptr, nullptr);
+    gst_harness_set_sink_caps_str(element.harness, out.c_str());
+    gst_harness_set_src_caps_str(element.harness, in.c_str());
+    const Buffer made = element(plainFrame(in, random));
+    ASSERT_TRUE(made);
+    const GstVideoMeta* meta = gst_buffer_get_video_meta(made.get());
+    ASSERT_TRUE(meta);
+    EXPECT_EQ(meta->stride[0] % 64, 0);
+    EXPECT_EQ(meta->offset[0], 8U * static_cast<gsize>(meta->stride[0]));
+}
+
 // One field in each buffer, which has half of the height.
 TEST(Element, ConvertsFieldsThatComeOneByOne) {
     Random random(9);

@@ -47,6 +47,17 @@ for made in v210 argb; do
         fail "other bytes than the program's in $made"
 done
 
+# Behind a file, whose caps a filter tells and nobody chooses.
+for size in 638x600 720x300; do
+    caps=video/x-raw,width=${size%x*},height=${size#*x},framerate=25/1
+    launch filesrc location=clip.uyvy blocksize=$((${size/x/ * } * 2)) num-buffers=1 ! $caps,format=UYVY ! \
+        orvaconvert ! $caps,format=BGRA ! filesink location=file.bgra
+    matrix=$([ $size = 638x600 ] && echo bt709 || echo bt601)
+    head -c "$((${size/x/ * } * 2))" clip.uyvy >frame.uyvy
+    "$orva" convert --from uyvy422 --to bgra --size $size --matrix $matrix frame.uyvy - | cmp - file.bgra ||
+        fail "other colours than $matrix of a file of $size"
+done
+
 launch videotestsrc num-buffers=3 ! video/x-raw,format=UYVY,width=320,height=240 ! orvaconvert ! \
     video/x-raw,format=BGRA ! videoconvert ! video/x-raw,format=I420 ! filesink location=i420
 [ "$(stat -c %s i420)" = $((3 * 320 * 240 * 3 / 2)) ] || fail "three frames are $(stat -c %s i420) bytes"
