@@ -104,7 +104,24 @@ grep -q 'Cb   64..960 .*outside 64..960' output || complain "info: $(cat output)
 run convert --from bgrx --to bgr24 "${bars[@]}" clip.bgra moved.bgr
 run convert --from bgr24 --to bgrx "${bars[@]}" moved.bgr moved.bgra
 run compare --format bgr0 "${bars[@]}" clip.bgra moved.bgra
-[ "$(grep -c 'PSNR inf' output)" -eq 3 ] || complain "BGR: $(cat output)"
+[ "$(grep -c 'PSNR inf' output)" -eq 4 ] || complain "BGR: $(cat output)"
+
+# A byte that the name of IN's format calls nothing is no alpha, whatever it holds.
+printf '\0\1\2\0\3\4\5\6' >pixels
+# reads <format> <its pixels as rgba> [options]
+reads() {
+    run convert --from "$1" --to rgba --size 2x1 "${@:3}" pixels -
+    shows "$*" "$2" "$(bytes output)"
+}
+reads bgr0 '2 1 0 255 5 4 3 255'
+reads RGBX '0 1 2 7 3 4 5 7' --alpha 7
+reads xrgb '1 2 0 255 4 5 6 255'
+reads 0bgr '0 2 1 255 6 5 4 255'
+reads bgra '2 1 0 0 5 4 3 6'
+run convert --from bgra --to bgr0 --size 2x1 pixels -
+same pixels output 'alpha into the fourth byte'
+run info --format rgb0 --size 2x1 pixels
+grep -q 'Alpha: opaque everywhere' output || complain "info: $(cat output)"
 
 # Every format holds a picture of odd width, and one that has just one pixel.
 for wxh in 33x5 1x1; do

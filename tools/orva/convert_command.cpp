@@ -36,6 +36,7 @@ void runConvert(const ConvertArguments& arguments) {
         arguments;
     InputSettings settings = in;
     settings.greyIsColour = to != Format::A8P;
+    settings.paddingAlpha = chosen.alpha;
     const auto reader = openFrames(input, settings);
     const Format from = reader->format();
     if (!canConvert(from, to)) {

@@ -26,6 +26,11 @@ std::vector<std::string> knownNames() {
     return names;
 }
 
+// Whether names may have a letter for each byte of a pixel, one of them for alpha.
+bool hasAlphaByte(const FormatInfo& info) {
+    return info.model == Model::rgb && info.planes[mainPlane].unitBytes == 4;
+}
+
 }  // namespace
 
 Format formatTyped(const std::string& text) {
@@ -40,6 +45,15 @@ Format formatTyped(const std::string& text) {
     }
     typedNames[*format] = text;
     return *format;
+}
+
+std::optional<std::size_t> paddingTyped(const std::string& text) {
+    const auto format = formatNamed(text);
+    if (!format || !hasAlphaByte(formatInfo(*format))) {
+        return std::nullopt;
+    }
+    const std::size_t place = text.find_first_of("xX0");
+    return place < text.size() ? std::optional(place) : std::nullopt;
 }
 
 std::string nameOf(Format format) {

@@ -37,18 +37,29 @@ std::unique_ptr<FrameReader> openAll(const std::string& name, const InputSetting
     }
 }
 
-// The first frames of another reader.
-class FirstFrames final : public FrameReader {
+// Another reader, for those that change something about it.
+class ChangedFrames : public FrameReader {
+public:
+    explicit ChangedFrames(std::unique_ptr<FrameReader> other) : other(std::move(other)) {}
+
+    Format format() const override { return other->format(); }
+    FrameSize size() const override { return other->size(); }
+    ClipProperties properties() const override { return other->properties(); }
+    std::optional<std::uint64_t> count() const override { return other->count(); }
+    bool next(const ImageView& image) override { return other->next(image); }
+
+private:
+    std::unique_ptr<FrameReader> other;
+};
+
+// The first ones.
+class FirstFrames final : public ChangedFrames {
 public:
     FirstFrames(std::unique_ptr<FrameReader> all, std::uint64_t most)
-        : all(std::move(all)), left(most), most(most) {}
-
-    Format format() const override { return all->format(); }
-    FrameSize size() const override { return all->size(); }
-    ClipProperties properties() const override { return all->properties(); }
+        : ChangedFrames(std::move(all)), left(most), most(most) {}
 
     std::optional<std::uint64_t> count() const override {
-        const auto there = all->count();
+        const auto there = ChangedFrames::count();
         return there ? std::optional(std::min(*there, most)) : std::nullopt;
     }
 
@@ -57,13 +68,35 @@ public:
             return false;
         }
         --left;
-        return all->next(image);
+        return ChangedFrames::next(image);
     }
 
 private:
-    std::unique_ptr<FrameReader> all;
     std::uint64_t left;
     std::uint64_t most;
+};
+
+// With the same alpha everywhere, in formats of four bytes a pixel.
+class UniformAlpha final : public ChangedFrames {
+public:
+    UniformAlpha(std::unique_ptr<FrameReader> frames, std::size_t place, int alpha)
+        : ChangedFrames(std::move(frames)), place(place), alpha(static_cast<std::byte>(alpha)) {}
+
+    bool next(const ImageView& image) override {
+        if (!ChangedFrames::next(image)) {
+            return false;
+        }
+        forEachRow(image, [this](std::span<std::byte> row) {
+            for (std::size_t i = place; i < row.size(); i += 4) {
+                row[i] = alpha;
+            }
+        });
+        return true;
+    }
+
+private:
+    std::size_t place;
+    std::byte alpha;
 };
 
 }  // namespace
@@ -79,8 +112,12 @@ std::unique_ptr<FrameReader> openFrames(const std::string& name, const InputSett
         throw Failure(name + ": is " + sizeText(reader->size()) + ", not " +
                       sizeText(*settings.size));
     }
+    if (settings.padding) {
+        reader = std::make_unique<UniformAlpha>(std::move(reader), *settings.padding,
+                                                settings.paddingAlpha);
+    }
     if (settings.frames) {
-        return std::make_unique<FirstFrames>(std::move(reader), *settings.frames);
+        reader = std::make_unique<FirstFrames>(std::move(reader), *settings.frames);
     }
     return reader;
 }

@@ -55,6 +55,8 @@ struct InputSettings {
     std::optional<std::uint64_t> frames;    // read no more
     std::string formatOption = "--format";  // what sets the format, for messages
     bool greyIsColour = false;              // a grey picture is RGB24I, not A8P, without a format
+    std::optional<std::size_t> padding;     // the byte of a pixel that is alpha, but means nothing
+    int paddingAlpha = 255;                 // what it is read as
 };
 
 // "-" is standard input. A picture's name may hold the frame's number (numbered_name.hpp), unless

@@ -164,7 +164,8 @@ const char* const fileHelp =
 void addInput(CLI::App* command, const std::string& formatName, InputSettings& settings,
               const std::string& what) {
     settings.formatOption = formatName;
-    addFormat(command, formatName, settings.format, "Format of " + what + ", if frames are raw");
+    addFormat(command, formatName, settings.format, "Format of " + what + ", if frames are raw")
+        ->each([&settings](const std::string& text) { settings.padding = paddingTyped(text); });
     addSize(command, settings.size, "Size of a frame, if frames are raw");
     addNumber(command, "--start", settings.start, std::uint64_t{0}, std::uint64_t{UINT32_MAX},
               "First number of numbered pictures (0 or 1)", "N");
