@@ -123,6 +123,31 @@ same pixels output 'alpha into the fourth byte'
 run info --format rgb0 --size 2x1 pixels
 grep -q 'Alpha: opaque everywhere' output || complain "info: $(cat output)"
 
+# The least limit binds of the control group and those above it. Trying that takes rights that not
+# every machine gives.
+printf '0::/outer/inner' >groups
+cat >grouped <<'END'
+mount -t tmpfs none /sys/fs/cgroup && mount --bind groups /proc/$$/cgroup || exit 77
+limit() {
+    mkdir -p "/sys/fs/cgroup$1"
+    echo "$2" >"/sys/fs/cgroup$1/memory.max"
+    echo "$3 100000" >"/sys/fs/cgroup$1/cpu.max"
+}
+limit '' 90000000 max
+limit /outer 1000000 50000
+limit /outer/inner max 900000
+exec "$@"
+END
+if unshare -rm sh grouped true 2>errors; then
+    unshare -rm sh grouped "$orva" convert "${uyvy[@]}" --stats clip.uyvy out.bgra 2>errors
+    same one.bgra out.bgra
+    grep -q 'with files by 1$' errors || complain "cpu.max of an outer group: $(cat errors)"
+    unshare -rm sh grouped "$orva" pattern --format A8P --size 1000x501 out.a8 2>errors
+    grep -q 'A8P of 1000x501: is too large' errors || complain "memory.max of an outer group: $(cat errors)"
+else
+    echo "control groups not tried: $(cat errors)"
+fi
+
 # Every format holds a picture of odd width, and one that has just one pixel.
 for wxh in 33x5 1x1; do
     for format in $("$orva" formats | sed -n 's/^  \([^ ]*\) .*/\1/p'); do

@@ -2,11 +2,12 @@
 #pragma once
 
 #include <fstream>
+#include <vector>
 
 namespace orva::tool {
 
-// A file of this process's control group (version 2), such as "cpu.max". It cannot be read where
-// there is none.
-std::ifstream openControl(const char* name);
+// The files of this name, such as "cpu.max", of this process's control group (version 2) and of
+// each above it, whose limits bind it, too. Those that are not there cannot be read.
+std::vector<std::ifstream> openControls(const char* name);
 
 }  // namespace orva::tool

@@ -31,9 +31,11 @@ std::uint64_t usableMemory() {
         memory =
             std::min(memory, static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(bytes));
     }
-    // Without a limit it says "max".
-    if (std::uint64_t limit; openControl("memory.max") >> limit) {
-        memory = std::min(memory, limit);
+    for (std::ifstream& file : openControls("memory.max")) {
+        // Without a limit it says "max".
+        if (std::uint64_t limit; file >> limit) {
+            memory = std::min(memory, limit);
+        }
     }
 #endif
     return memory;

@@ -5,7 +5,7 @@
 
 namespace orva::tool {
 
-// In bytes: what the machine and, on Linux, the program's control group have, but no more than it
+// In bytes: what the machine and, on Linux, the program's control groups have, but no more than it
 // can address; all of that where the system does not tell.
 std::uint64_t usableMemory();
 

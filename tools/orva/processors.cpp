@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <thread>
 
 #if defined(__linux__)
@@ -23,19 +24,23 @@ unsigned scheduledOn() {
                                                        : std::thread::hardware_concurrency();
 }
 
-// What the control group (version 2) allows, in processors; 0 if it sets no limit.
-unsigned allowed() {
-    std::ifstream limit = openControl("cpu.max");
-    double time, period;
-    return limit >> time >> period ? static_cast<unsigned>(std::ceil(time / period)) : 0;
+// What the control groups allow, in processors.
+double allowed() {
+    double processors = std::numeric_limits<double>::infinity();
+    for (std::ifstream& file : openControls("cpu.max")) {
+        // Without a limit the time is "max".
+        if (double time, period; file >> time >> period) {
+            processors = std::min(processors, time / period);
+        }
+    }
+    return processors;
 }
 
 }  // namespace
 
 unsigned usableProcessors() {
-    const unsigned processors = std::max(scheduledOn(), 1u);
-    const unsigned limit = allowed();
-    return limit > 0 ? std::min(processors, limit) : processors;
+    const double processors = std::min<double>(scheduledOn(), std::ceil(allowed()));
+    return static_cast<unsigned>(std::max(processors, 1.0));
 }
 
 #else

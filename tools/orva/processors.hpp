@@ -3,8 +3,8 @@
 
 namespace orva::tool {
 
-// Those that the process may run on, or fewer where its control group has less time than that. At
-// least one.
+// Those that the process may run on, or fewer where a control group of it has less time than that.
+// At least one.
 unsigned usableProcessors();
 
 }  // namespace orva::tool
