@@ -64,6 +64,9 @@ refuses_y4m 'is too large' 'YUV4MPEG2 W4294967295 H4294967295 C422'
 refuses_y4m 'ends within its first frame' 'YUV4MPEG2 W2 H2 C422' $'FRAME\n1'
 refuses_y4m 'ends within frame 2' 'YUV4MPEG2 W2 H1 C422' $'FRAME\n1234FRAME\n123'
 refuses_y4m 'frame 2 does not begin' 'YUV4MPEG2 W2 H1 C422' $'FRAME\n1234FRAMES\n1234'
+refuses_y4m 'frame 2 does not begin' 'YUV4MPEG2 W2 H1 C422' $'FRAME\n1234X'
+refuses_y4m "its header says 'Q?]0;x??'" $'YUV4MPEG2 W2 H1 C422 Q\033]0;x\007\177'
+refuses_y4m 'its frames are C???2J;' $'YUV4MPEG2 W2 H1 C\r\302\2332J'
 refuses 'a damaged header' info - < <(printf 'YUV4MPEG2 W2')
 
 # PPM, PGM and PAM, in both directions, from a pipe, too.
@@ -97,6 +100,7 @@ refuses_pnm 'ends before its last pixel' 'P6 1 2 255\n12345'
 refuses_pnm 'goes on behind its last pixel' 'P6 1 1 255\n1234'
 refuses_pnm 'is too large' 'P6 4294967295 4294967295 255\n1'
 refuses_pnm "type 'BLACKANDWHITE'" 'P7\nWIDTH 1\nHEIGHT 1\nDEPTH 1\nMAXVAL 255\nTUPLTYPE BLACKANDWHITE\nENDHDR\n1'
+refuses_pnm "type '?[2J'" 'P7\nTUPLTYPE \033[2J\nENDHDR\n'
 refuses_pnm 'has a damaged header' 'P7\nWIDTH 1\nHEIGHT 1\n'
 refuses 'ends before its last pixel' info - < <(printf 'P6 20000 20000 255\n')
 refuses 'pictures hold formats of RGB' convert "${uyvy[@]}" --to UYVY16I clip.uyvy out.ppm

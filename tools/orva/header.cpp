@@ -3,26 +3,27 @@
 
 #include "failure.hpp"
 
+#include <algorithm>
 #include <charconv>
 
 namespace orva::tool {
 
-std::optional<std::string> readLine(InputFile& file) {
+std::string readLine(InputFile& file) {
     constexpr std::size_t most = 4096;
     std::string line;
-    for (std::byte byte; file.read({&byte, 1}) == 1;) {
-        if (byte == std::byte{'\n'}) {
-            return line;
-        }
-        if (line.size() == most) {
-            failHeader(file);
-        }
+    for (std::byte byte; line.size() < most && file.read({&byte, 1}) == 1;) {
         line += static_cast<char>(byte);
+        if (byte == std::byte{'\n'}) {
+            break;
+        }
     }
-    if (!line.empty()) {
-        failHeader(file);
-    }
-    return std::nullopt;
+    return line;
+}
+
+std::string printable(std::string text) {
+    std::ranges::replace_if(
+        text, [](char c) { return c < ' ' || c > '~'; }, '?');
+    return text;
 }
 
 std::optional<std::uint32_t> wholeNumber(std::string_view text) {

@@ -10,9 +10,12 @@
 
 namespace orva::tool {
 
-// The next line, without its end; empty at the end of the file. Fails if it does not end, or not
-// within a length that no header needs.
-std::optional<std::string> readLine(InputFile& file);
+// The next line, with its '\n' if it ends within a length that is enough for all headers; empty at
+// the end of the file.
+std::string readLine(InputFile& file);
+
+// Text of a file, for messages: without what a terminal could take for an order.
+std::string printable(std::string text);
 
 // A whole number in decimal digits and nothing else; empty if it is none, or above UINT32_MAX.
 std::optional<std::uint32_t> wholeNumber(std::string_view text);

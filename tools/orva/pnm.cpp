@@ -75,24 +75,25 @@ Header readPamHeader(InputFile& file) {
     Header header;
     std::uint32_t depth = 0;
     std::string type;
-    if (readLine(file) != "") {
+    if (readLine(file) != "\n") {
         failHeader(file);
     }
     for (;;) {
-        const auto line = readLine(file);
-        if (!line) {
+        std::string line = readLine(file);
+        if (!line.ends_with('\n')) {
             failHeader(file);
         }
+        line.pop_back();
         if (line == "ENDHDR") {
             break;
         }
-        if (line->empty() || line->front() == '#') {
+        if (line.empty() || line.front() == '#') {
             continue;
         }
-        const std::size_t space = std::min(line->find(' '), line->size());
-        const std::string word = line->substr(0, space);
+        const std::size_t space = std::min(line.find(' '), line.size());
+        const std::string word = line.substr(0, space);
         const std::string value =
-            line->substr(std::min(line->find_first_not_of(' ', space), line->size()));
+            line.substr(std::min(line.find_first_not_of(' ', space), line.size()));
         if (word == "TUPLTYPE") {
             type = value;
             continue;
@@ -110,7 +111,7 @@ Header readPamHeader(InputFile& file) {
     }
     const auto found = std::ranges::find(tupleTypes, type, &TupleType::name);
     if (found == tupleTypes.end() || found->depth != depth) {
-        throw Failure(file.name() + ": holds tuples of type '" + type + "' and depth " +
+        throw Failure(file.name() + ": holds tuples of type '" + printable(type) + "' and depth " +
                       std::to_string(depth) +
                       "; RGB of 3, RGB_ALPHA of 4 and GRAYSCALE of 1 can be read");
     }

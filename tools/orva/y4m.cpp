@@ -32,7 +32,7 @@ Format formatOf(const InputFile& file, const std::string& colour) {
             return format;
         }
     }
-    throw Failure(file.name() + ": its frames are C" + colour +
+    throw Failure(file.name() + ": its frames are C" + printable(colour) +
                   "; only 4:2:2 of 8 or 10 bits can be read (C422, C422p10), which ffmpeg makes "
                   "with -pix_fmt yuv422p or yuv422p10le");
 }
@@ -78,17 +78,22 @@ bool setTag(Header& header, std::string& colour, char tag, const std::string& va
 }
 
 Header readHeader(InputFile& file) {
-    const std::string line = readLine(file).value_or("");
+    std::string line = readLine(file);
     if (!line.starts_with(std::string(magic) + ' ')) {
         throw Failure(file.name() + ": is not a Y4M file, which begins with " + std::string(magic));
     }
+    if (!line.ends_with('\n')) {
+        failHeader(file);
+    }
+    line.pop_back();
     Header header;
     std::string colour = "420";  // so it is if nothing is said
     for (std::size_t begin = magic.size() + 1; begin <= line.size();) {
         const std::size_t end = std::min(line.find(' ', begin), line.size());
         const std::string tag = line.substr(begin, end - begin);
         if (!tag.empty() && !setTag(header, colour, tag.front(), tag.substr(1))) {
-            throw Failure(file.name() + ": its header says '" + tag + "', which cannot be read");
+            throw Failure(file.name() + ": its header says '" + printable(tag) +
+                          "', which cannot be read");
         }
         begin = end + 1;
     }
@@ -137,15 +142,17 @@ public:
     std::optional<std::uint64_t> count() const override { return std::nullopt; }
 
     bool next(const ImageView& image) override {
-        const auto line = readLine(file);
-        if (!line) {
+        const std::string line = readLine(file);
+        if (line.empty()) {
             if (read == 0) {
                 throw Failure(file.name() + ": holds no frame");
             }
             return false;
         }
         ++read;
-        if (line != frameLine && !line->starts_with(std::string(frameLine) + ' ')) {
+        const bool begins = line.starts_with(std::string(frameLine) + ' ') ||
+                            line.starts_with(std::string(frameLine) + '\n');
+        if (!begins || !line.ends_with('\n')) {
             throw Failure(file.name() + ": frame " + std::to_string(read) +
                           " does not begin with a line FRAME");
         }
