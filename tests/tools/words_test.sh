@@ -87,6 +87,13 @@ says 1 'PSNR is below 60 dB' "${bgr[@]}" --min-psnr 60 a.bgr b.bgr
 says 0 'PSNR' "${bgr[@]}" a.bgr b.bgr
 says 0 'black, nothing differs' "${bgr[@]}" --max-difference 0 --heatmap where.ppm a.bgr a.bgr
 [ "$(bytes <(tail -c 9 where.ppm))" = '0 0 0 0 0 0 0 0 0' ] || complain "heatmap of nothing"
+says 2 'the name of the heatmap is empty' "${bgr[@]}" --heatmap '' a.bgr b.bgr
+for number in 1 2; do
+    cp where.ppm s$number.ppm
+done
+ln s2.ppm again.ppm
+refuses 's2.ppm: is also the output' compare --heatmap again.ppm s%d.ppm s%d.ppm
+refuses 'standard input: is also the output' compare --heatmap s1.ppm where.ppm - <s1.ppm
 says 2 'holds no number' "${bgr[@]}" --heatmap where%d.ppm a.bgr b.bgr
 says 2 'is not the name of a picture' "${bgr[@]}" --heatmap where.raw a.bgr b.bgr
 raw 90 10 90 10 90 10 >a.uyvy

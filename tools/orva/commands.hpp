@@ -54,7 +54,7 @@ struct CompareArguments {
     InputSettings in;  // of both files
     std::optional<double> minimumPsnr;
     std::optional<int> maximumDifference;
-    std::string heatmap;  // empty: none
+    std::optional<std::string> heatmap;
     std::string first;
     std::string second;
 };

@@ -4,6 +4,7 @@
 #include "failure.hpp"
 #include "heatmap.hpp"
 #include "numbered_name.hpp"
+#include "open_inputs.hpp"
 
 #include <algorithm>
 #include <array>
@@ -56,6 +57,18 @@ void printScale(const std::string& name, int scale) {
     }
 }
 
+void requireHeatmapName(const std::string& name) {
+    if (name.empty()) {
+        throw Failure("the name of the heatmap is empty");
+    }
+    if (!isPicture(kindOfName(name))) {
+        throw Failure("--heatmap " + name + ": is not the name of a picture (.png)");
+    }
+    if (NumberedName(name).hasNumber()) {
+        throw Failure("--heatmap " + name + ": is one picture of all frames, and holds no number");
+    }
+}
+
 bool isStandardInput(const std::string& name) {
     return name == "-" || name == "/dev/stdin" || name == "/dev/fd/0" || name == "/proc/self/fd/0";
 }
@@ -63,13 +76,9 @@ bool isStandardInput(const std::string& name) {
 }  // namespace
 
 bool runCompare(const CompareArguments& arguments) {
-    if (!arguments.heatmap.empty() && !isPicture(kindOfName(arguments.heatmap))) {
-        throw Failure("--heatmap " + arguments.heatmap + ": is not the name of a picture (.png)");
-    }
-    const NumberedName heatmapName(arguments.heatmap);
-    if (heatmapName.hasNumber()) {
-        throw Failure("--heatmap " + arguments.heatmap +
-                      ": is one picture of all frames, and holds no number");
+    if (arguments.heatmap) {
+        requireHeatmapName(*arguments.heatmap);
+        keepFromInputs(NumberedName(*arguments.heatmap).with(0));
     }
     if (isStandardInput(arguments.first) && isStandardInput(arguments.second)) {
         throw Failure(arguments.first + " and " + arguments.second +
@@ -84,7 +93,7 @@ bool runCompare(const CompareArguments& arguments) {
     const auto channels = channelsOf(format);
     std::array<Difference, 4> differences = {};
     std::optional<Heatmap> heatmap;
-    if (!arguments.heatmap.empty()) {
+    if (arguments.heatmap) {
         heatmap.emplace(first.size());
     }
     for (;;) {
@@ -120,8 +129,8 @@ bool runCompare(const CompareArguments& arguments) {
         greatest = std::max(greatest, differences[c].greatest);
     }
     if (heatmap) {
-        heatmap->write(arguments.heatmap, greatest);
-        printScale(heatmapName.with(0), greatest);
+        heatmap->write(*arguments.heatmap, greatest);
+        printScale(NumberedName(*arguments.heatmap).with(0), greatest);
     }
     const bool below = arguments.minimumPsnr && leastPsnr < *arguments.minimumPsnr;
     const bool above = arguments.maximumDifference && greatest > *arguments.maximumDifference;

@@ -49,6 +49,9 @@ InputFile::InputFile(const std::string& name) : shownName(name) {
             fileSize = fs::file_size(name);
         }
     }
+    if (isKeptFromInputs(file.get())) {
+        throw Failure(shownName + ": is also the output, which would replace it");
+    }
     noteInput(file.get());
     std::setvbuf(file.get(), nullptr, _IOFBF, bufferSize);
 }

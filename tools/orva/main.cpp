@@ -229,7 +229,9 @@ void addCompare(CLI::App& app, CompareArguments& arguments, int& status) {
     addNumber(command, "--max-difference", arguments.maximumDifference, 0, 1023,
               "End with status 1 if a sample differs by more", "N");
     command
-        ->add_option("--heatmap", arguments.heatmap, "Picture to write of where the files differ")
+        ->add_option_function<std::string>(
+            "--heatmap", [&arguments](const std::string& name) { arguments.heatmap = name; },
+            "Picture to write of where the files differ")
         ->type_name("PNG");
     command->add_option("A", arguments.first, "One file")->required();
     command->add_option("B", arguments.second, "The other file")->required();

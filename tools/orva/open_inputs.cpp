@@ -1,8 +1,13 @@
 // The files that are being read.
 #include "open_inputs.hpp"
 
+#include "file_handle.hpp"
+
 #include <algorithm>
+#include <filesystem>
 #include <mutex>
+#include <optional>
+#include <system_error>
 #include <vector>
 
 #if defined(_WIN32)
@@ -46,6 +51,8 @@ bool isSameFile(const Status& a, const Status& b) {
 
 #endif
 
+std::optional<Status> kept;  // from being an input
+
 }  // namespace
 
 void noteInput(std::FILE* file) {
@@ -68,6 +75,22 @@ bool isInput(int descriptor) {
                Status status;
                return getStatus(input, status) && isSameFile(status, output);
            });
+}
+
+void keepFromInputs(const std::string& name) {
+    std::error_code ignored;
+    Status status;
+    if (std::filesystem::is_regular_file(name, ignored)) {
+        const FileHandle file(std::fopen(name.c_str(), "rb"));
+        if (file && getStatus(fileno(file.get()), status)) {
+            kept = status;
+        }
+    }
+}
+
+bool isKeptFromInputs(std::FILE* file) {
+    Status status;
+    return kept && getStatus(fileno(file), status) && isSameFile(status, *kept);
 }
 
 }  // namespace orva::tool

@@ -1,7 +1,8 @@
-// The files that are being read, which no output may overwrite.
+// The files that are being read, and which of them an output would overwrite.
 #pragma once
 
 #include <cstdio>
+#include <string>
 
 namespace orva::tool {
 
@@ -12,5 +13,10 @@ void forgetInput(std::FILE* file);
 
 // Whether the descriptor leads to one of them, by whatever name.
 bool isInput(int descriptor);
+
+// The regular file of this name, if there is one, is to be replaced in the end, and so no input. To
+// be called before inputs are opened.
+void keepFromInputs(const std::string& name);
+bool isKeptFromInputs(std::FILE* file);
 
 }  // namespace orva::tool
