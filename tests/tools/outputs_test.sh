@@ -115,6 +115,9 @@ ends 2 'standard output: cannot be written: No space' full info --format UYVY16I
     --size 322x66 frame.uyvy
 ends 2 'standard output: cannot be written: No space' full convert "${bgra[@]}" clip.uyvy -
 ends 2 '/dev/full: cannot be written: No space' "$orva" convert "${bgra[@]}" clip.uyvy /dev/full
+closed() { "$orva" "$@" >&-; }
+ends 2 'standard output: cannot be written: Bad file' closed formats
+ends 2 'standard output: cannot be written: Bad file' closed convert "${bgra[@]}" clip.uyvy -
 limited() (
     ulimit -f 100
     exec env "$1" "$orva" convert "${bgra[@]}" clip.uyvy limited

@@ -10,9 +10,11 @@
 #include <filesystem>
 #include <system_error>
 
-#if defined(_WIN32)
 #include <fcntl.h>
+#if defined(_WIN32)
 #include <io.h>
+#else
+#include <unistd.h>
 #endif
 
 namespace orva::tool {
@@ -132,6 +134,17 @@ void OutputFile::commit() {
         setUnfinished({});
         target.temporary.clear();
     }
+}
+
+void reserveStandardStreams() {
+#if !defined(_WIN32)
+    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+        if (fcntl(descriptor, F_GETFD) < 0) {
+            // It gets this number, the least one that is free, and is open for the wrong direction.
+            open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+        }
+    }
+#endif
 }
 
 bool closeStandardOutput() {

@@ -96,6 +96,10 @@ private:
     std::vector<std::byte>& bytes;
 };
 
+// Makes sure that no file is opened as a standard stream that was closed when the program was
+// started: reading or writing that fails. Called before any file is opened.
+void reserveStandardStreams();
+
 // Whether all arrived that was printed; else errno says why not. Nothing may be printed
 // afterwards.
 bool closeStandardOutput();

@@ -280,6 +280,7 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    reserveStandardStreams();
     const int status = run(argc, argv);
     if (!closeStandardOutput()) {
         std::fprintf(stderr, "orva: standard output: cannot be written: %s\n",

@@ -25,7 +25,8 @@ namespace fs = std::filesystem;
 constexpr mode_t permissions = 0777;
 
 [[noreturn]] void fail(const std::string& name) {
-    throw Failure(name + ": cannot be written: " + std::strerror(errno));
+    throw Failure((name == "-" ? "standard output" : name) +
+                  ": cannot be written: " + std::strerror(errno));
 }
 
 // The N of /dev/fd/N and other names of descriptors. Opening one would make a new description of a
@@ -66,6 +67,9 @@ fs::path followLinks(fs::path path) {
 FileHandle streamOf(int descriptor, const std::string& name) {
     std::FILE* const file = descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
     if (!file) {
+        if (descriptor >= 0 && errno == EINVAL) {
+            errno = EBADF;  // it is open for reading only, as write() would say
+        }
         fail(name);
     }
     return FileHandle(file);

@@ -5,8 +5,10 @@
 #include "open_inputs.hpp"
 #include "unfinished.hpp"
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <random>
 #include <system_error>
@@ -49,6 +51,10 @@ bool isOnDisk(std::FILE* file) {
 OutputTarget openTarget(const std::string& name) {
     if (name == "-") {
         const int descriptor = _dup(_fileno(stdout));
+        if (descriptor < 0) {
+            throw Failure(std::string("standard output: cannot be written: ") +
+                          std::strerror(errno));
+        }
         _setmode(descriptor, _O_BINARY);
         return {.file = FileHandle(_fdopen(descriptor, "wb")), .path = {}, .temporary = {}};
     }
