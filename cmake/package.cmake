@@ -3,7 +3,8 @@
 # out their prefix from where they lie, so an installed tree may be moved.
 #
 # Components are the packages for Debian: runtime (liborva0), development (liborva-dev), tools
-# (orva-tools) and gstreamer (gstreamer1.0-orva). A further package is a component in debian_packages.cmake and in its install rules.
+# (orva-tools) and gstreamer (gstreamer1.0-orva). A further package is a component in
+# debian_packages.cmake and in its install rules.
 
 # Where Debian keeps libraries, so that those of several architectures can be installed at once.
 if(NOT CMAKE_CROSSCOMPILING AND NOT DEFINED CMAKE_INSTALL_LIBDIR AND EXISTS /etc/debian_version)
@@ -51,7 +52,7 @@ orva_install_pkgconfig(orva-convert ORVA_CONVERT_STATIC
   "Any pixel format of uncompressed video to any other, with every argument checked")
 
 install(DIRECTORY include/orva DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
-install(FILES README.md CHANGELOG.md COPYRIGHT
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md COPYRIGHT
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 if(WIN32)

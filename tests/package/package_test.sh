@@ -43,7 +43,7 @@ holds() {
 lib='lib/([^/]+/)?'
 development=(include/orva/{orva.h,convert.h,convert.hpp} "$lib"liborva{,-convert}.a
     "$lib"cmake/orva/orva-{config,config-version,targets,targets-release}.cmake
-    "$lib"pkgconfig/orva{,-convert}.pc share/doc/orva/{README.md,CHANGELOG.md,COPYRIGHT}
+    "$lib"pkgconfig/orva{,-convert}.pc share/doc/orva/{{README,CHANGELOG,CONTRIBUTING}.md,COPYRIGHT}
     'share/doc/orva/docs/[a-z-]+\.(md|png)' 'share/doc/orva/examples/[a-z-]+/[^/]+')
 links=("$lib"liborva{,-convert}.so)
 tools=(bin/orva share/man/man1/orva.1.gz share/bash-completion/completions/orva)
