@@ -17,7 +17,7 @@ using Bytes = std::array<uint8_t*, 3>;
 // pair, and the third stands still.
 constexpr Size size{512, 256};
 
-Bytes channels(const test::Format& format, void* data, int32_t pitch, uint32_t x, uint32_t y) {
+Bytes channels(const golden::Format& format, void* data, int32_t pitch, uint32_t x, uint32_t y) {
     uint8_t* const plane = static_cast<uint8_t*>(data);
     uint8_t* const row = plane + y * ptrdiff_t(pitch);
     if (format.main == "BGR32I")
@@ -62,7 +62,7 @@ void note(Errors& errors, const Triple& exact, const Bytes& measured, bool studi
 }
 
 Errors errorsOf(const Case& c, const std::function<void(const Descriptor&)>& convert) {
-    const test::Format &source = c.conversion->source, &destination = c.conversion->destination;
+    const golden::Format &source = c.conversion->source, &destination = c.conversion->destination;
     const Layout layout(c, size, {});
     std::vector<uint8_t> memory(layout.frame().bytes() + 64);
     uint8_t* const aligned = memory.data() + (64 - reinterpret_cast<uintptr_t>(memory.data()) % 64);

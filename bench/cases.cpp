@@ -41,7 +41,7 @@ std::string Case::name() const {
 }
 
 Family Case::family() const {
-    const test::Format &source = conversion->source, &destination = conversion->destination;
+    const golden::Format &source = conversion->source, &destination = conversion->destination;
     if (mode != 0)
         return Family::mode;
     if (destination.main == "A8P")
@@ -59,15 +59,15 @@ bool Case::computesColours() const {
     return family() != Family::move && family() != Family::repack24;
 }
 
-const test::Export& exportNamed(std::string_view name) {
-    return *std::ranges::find(test::exports(), name, &test::Export::name);
+const golden::Export& exportNamed(std::string_view name) {
+    return *std::ranges::find(golden::exports(), name, &golden::Export::name);
 }
 
 std::vector<Case> cases(std::string_view filter) {
     std::vector<Case> list;
-    for (const test::Export& conversion : test::exports())
+    for (const golden::Export& conversion : golden::exports())
         list.push_back({&conversion});
-    for (const test::Export& conversion : test::exports())
+    for (const golden::Export& conversion : golden::exports())
         if (conversion.source.isYuv() && conversion.destination.isYuv() &&
             !conversion.source.alphaPlane && !conversion.destination.alphaPlane)
             list.push_back({.conversion = &conversion, .srcColorSpace = 1});
@@ -83,7 +83,7 @@ std::vector<Case> cases(std::string_view filter) {
 
 Layout::Layout(const Case& c, Size size, const Options& options) {
     const auto [offset, streaming] = options;
-    const test::Format &source = c.conversion->source, &destination = c.conversion->destination;
+    const golden::Format &source = c.conversion->source, &destination = c.conversion->destination;
     const bool reduces = c.mode == 1 || c.mode == 2, enlarges = c.mode == 3;
     const uint32_t factor = c.mode == 1 ? 2 : c.mode == 2 ? 4 : 1;
     const uint32_t columns = size.width / (enlarges ? 2 : factor);

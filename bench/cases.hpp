@@ -2,13 +2,15 @@
 #pragma once
 
 #include "frame_memory.hpp"
-#include "support/exports.hpp"
+#include "golden/exports.hpp"
 
 #include <algorithm>
 #include <string>
 #include <vector>
 
 namespace bench {
+
+namespace golden = orva::golden;
 
 using Descriptor = OrvaConversionDescriptor;
 
@@ -37,7 +39,7 @@ enum class Family {
 const char* label(Family family);
 
 struct Case {
-    const test::Export* conversion;
+    const golden::Export* conversion;
     int32_t mode = 0;
     int32_t srcColorSpace = 0, dstColorSpace = 0;
 
@@ -47,7 +49,7 @@ struct Case {
     bool computesColours() const;
 };
 
-const test::Export& exportNamed(std::string_view name);
+const golden::Export& exportNamed(std::string_view name);
 
 // All of them, or those whose names contain the filter.
 std::vector<Case> cases(std::string_view filter);

@@ -30,7 +30,7 @@ static bool hasAccessesOfItsOwn(std::string_view table) {
 }
 
 // With streaming stores it writes something shorter than the format.
-static bool reducedWhenStreaming(const test::Export& conversion) {
+static bool reducedWhenStreaming(const golden::Export& conversion) {
     return conversion.source.main == "BGR24I" && conversion.destination.main == "UVYY16I";
 }
 

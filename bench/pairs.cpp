@@ -14,8 +14,8 @@ std::string Pair::name() const {
 
 std::optional<Case> Pair::exported() const {
     const std::string plain = Pair{source, destination}.name();
-    const auto found = std::ranges::find(test::exports(), plain, &test::Export::name);
-    if (found == test::exports().end())
+    const auto found = std::ranges::find(golden::exports(), plain, &golden::Export::name);
+    if (found == golden::exports().end())
         return std::nullopt;
     return Case{.conversion = &*found, .dstColorSpace = matrix};
 }

@@ -104,7 +104,7 @@ constexpr Entry entries[] = {
 };
 
 // What is to be done besides the colours.
-Step alphaStep(const test::Format& source, const test::Format& destination) {
+Step alphaStep(const golden::Format& source, const golden::Format& destination) {
     if (destination.alphaPlane)
         return source.alphaPlane ? copyAlpha : source.main == "BGR32I" ? splitOffAlpha : fillAlpha;
     return source.alphaPlane ? mergeAlpha : nullptr;
@@ -123,7 +123,7 @@ std::vector<Peer> peers(bool onlyBt601, const std::function<void(const Descripto
 }  // namespace
 
 std::vector<Peer> libyuvPeers(const Case& c) {
-    const test::Format &source = c.conversion->source, &destination = c.conversion->destination;
+    const golden::Format &source = c.conversion->source, &destination = c.conversion->destination;
     if (c.mode != 0 || c.family() == Family::matrix)
         return {};
     if (source.alphaPlane && destination.main == "A8P")

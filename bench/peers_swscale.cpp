@@ -86,7 +86,7 @@ template <class Byte> auto planesOf(const orva::BasicImageView<Byte>& image) {
 }  // namespace
 
 std::vector<Peer> swscalePeers(const Case& c) {
-    const test::Format &from = c.conversion->source, &to = c.conversion->destination;
+    const golden::Format &from = c.conversion->source, &to = c.conversion->destination;
     const AVPixelFormat source = formatOf(from.main), destination = formatOf(to.main);
     if (c.mode != 0 || from.alphaPlane || to.alphaPlane || !supports(source, destination))
         return {};

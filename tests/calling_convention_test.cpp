@@ -1,5 +1,5 @@
 // What callers find as they left it, and what they need not care for.
-#include "support/exports.hpp"
+#include "golden/exports.hpp"
 #include "support/tables.hpp"
 
 #include <cstring>
@@ -11,6 +11,9 @@
 
 namespace test {
 namespace {
+
+using orva::golden::Export;
+using orva::golden::exports;
 
 // One row of pixels in every plane, enough for all conversions.
 template <class Call> void callEveryConversion(const Call& call) {

@@ -1,6 +1,6 @@
 // Planes that end where inaccessible memory begins, and planes that begin where it ends: a
 // conversion that reads or writes one byte outside its planes does not survive this.
-#include "support/exports.hpp"
+#include "golden/exports.hpp"
 #include "support/guarded_pages.hpp"
 #include "support/tables.hpp"
 
@@ -9,6 +9,10 @@
 
 namespace test {
 namespace {
+
+using orva::golden::Export;
+using orva::golden::exports;
+using orva::golden::Format;
 
 struct GuardPages : testing::TestWithParam<Export> {};
 

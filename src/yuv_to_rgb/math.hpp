@@ -18,9 +18,6 @@ template <class V> struct Yuv {
     V chroma;  // 8 * Cb, 8 * Cr, a word pair per pixel pair
 };
 
-// As many BGR32I pixels, in memory order.
-template <class V> struct BgrPixels { V first, second; };
-
 // Where studio luma lies below its offset and is not clamped, the difference is negative. Full-size
 // conversions take its low 8 bits as unsigned in even pixels, so that these are near white where
 // odd pixels are black; the reducing modes take the signed value in both. Hosts compare bytes.

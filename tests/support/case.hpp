@@ -2,12 +2,16 @@
 // of what the library and the scalar model did to them.
 #pragma once
 
+#include "golden/exports.hpp"
 #include "support/data.hpp"
-#include "support/exports.hpp"
 
 #include <optional>
 
 namespace test {
+
+using orva::golden::Export;
+using orva::golden::exports;
+using orva::golden::Format;
 
 // The geometry that a case chooses; addresses and pitches follow from it.
 struct Shape {
