@@ -144,11 +144,11 @@ const Choices<Streaming> streamings = {{"automatic", Streaming::automatic},
                                        {"always", Streaming::always}};
 const Choices<FileKind> kinds(fileKinds.begin(), fileKinds.end());
 
-void addOutput(CLI::App* command, OutputChoice& choice) {
+void addOutput(CLI::App* command, OutputChoice& choice, const std::string& usualRate) {
     command
         ->add_option_function<std::string>(
             "--rate", [&choice](const std::string& text) { choice.rate = parseRate(text); },
-            "Frames a second of a Y4M OUT (those of a Y4M IN, or 25)")
+            "Frames a second of a Y4M OUT (" + usualRate + ")")
         ->type_name("N[:D]");
     addChoice(command, "--as", kinds, std::vector{&choice.kind},
               "Kind of file that OUT is, whatever its name");
@@ -178,7 +178,7 @@ void addConvert(CLI::App& app, ConvertArguments& arguments) {
     command->footer(fileHelp);
     addInput(command, "--from", arguments.in, "IN");
     addFormat(command, "--to", arguments.to, "Format of OUT")->required();
-    addOutput(command, arguments.out);
+    addOutput(command, arguments.out, "those of a Y4M IN, or 25");
     Options& options = arguments.options;
     addForBoth(command, "matrix", matrices, options.srcMatrix, options.dstMatrix, "Matrix",
                "bt709");
@@ -205,7 +205,7 @@ void addPattern(CLI::App& app, PatternArguments& arguments) {
               "Number of frames (1)", "N");
     addChoice(command, "--matrix", matrices, {&arguments.matrix}, "Matrix of a YCbCr OUT (bt709)");
     addChoice(command, "--range", ranges, {&arguments.range}, "Range of a YCbCr OUT (studio)");
-    addOutput(command, arguments.out);
+    addOutput(command, arguments.out, "25");
     command->add_option("OUT", arguments.output, "File to write")->required();
     command->callback([&arguments] { runPattern(arguments); });
 }
