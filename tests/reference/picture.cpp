@@ -1,3 +1,5 @@
+// Formats as tables of where their samples lie, and the formulas of the recommendations as they
+// stand there.
 #include "reference/picture.hpp"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// What a call of each export asks for and reaches, sizes that keep its contract, and the comparison
+// of all memory with what the model makes of it.
 #include "support/case.hpp"
 
 #include "reference/model.hpp"

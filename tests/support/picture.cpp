@@ -1,3 +1,5 @@
+// Images in poisoned memory, random contents and options, and the comparison of every sample with
+// the model's.
 #include "support/picture.hpp"
 
 #include "reference/picture.hpp"
