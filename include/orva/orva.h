@@ -3,7 +3,7 @@
  * Every conversion takes one pointer to a conversion descriptor, reads the source planes and writes
  * the destination planes before it returns. The library keeps no state between calls, allocates
  * nothing and reports no errors: a descriptor that breaks the contract below faults or writes wrong
- * memory. <orva/convert.hpp> offers the same conversions with every argument checked.
+ * memory. <orva/convert.h> is another library: the picture by definition, every argument checked.
  *
  * Formats (bytes in memory order; pixels 2k and 2k+1 of a row share one Cb and one Cr):
  *
@@ -222,8 +222,8 @@ ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_Y8PUV8IA8P_EX(const OrvaConversionDescr
  * see "Reducing modes" below. kernelMode 3 doubles width and height by repeating pixels and lines:
  * dstWidth and srcHeight count source pixels and rows, every line is written to the destination
  * pointer and dstPitch below it, and a row moves the pointer by twice dstRowGap. dstHeight, which
- * places the chroma of Y8PUV8I, counts output lines. kernelMode 4 must
- * not be used; any other value means 0. */
+ * places the chroma of Y8PUV8I, counts output lines. kernelMode 4 must not be used; any other value
+ * means 0. */
 ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_UYVY16I_EX(const OrvaConversionDescriptor* conversion);
 ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_UVYY16I_EX(const OrvaConversionDescriptor* conversion);
 ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_Y8PUV8I_EX(const OrvaConversionDescriptor* conversion);
