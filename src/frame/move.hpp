@@ -34,6 +34,7 @@ struct MiddleBytesSwapped {
 };
 
 template <class Format, class Order, class Loads> struct MoveJob {
+    static constexpr bool onlyMoves = true;
     static constexpr uint32_t unitPixels = Format::unitPixels;
     static constexpr uint32_t blockPixels = Format::blockPixels;
     static constexpr uint32_t blockBytes = blockPixels / unitPixels * Format::unitBytes;

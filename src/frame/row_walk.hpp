@@ -41,23 +41,53 @@ concept Job = BlockJob<J> && requires(J job) {
     job.template units<2>();
 };
 
-// What converts row ends is called, not inlined: it is most of a kernel's code and little of its
-// work.
-template <Job J> [[gnu::noinline]] void convertUnits(J& job, uint32_t count) {
-    // Ends have fewer units than a block, but in narrow rows.
-    constexpr uint32_t most = J::blockPixels / J::unitPixels > 4 ? 4 : 2;
-    for (; count >= most; count -= most)
-        job.template units<most>();
-    if (most > 2 && (count & 2))
-        job.template units<2>();
-    if (count & 1)
-        job.template units<1>();
+// What a row has before and behind its wide vectors.
+struct Units {
+    uint32_t count;
+
+    template <Job J> ORVA_INLINE void convert(J& job) const {
+        // Fewer than a block has, but in narrow rows.
+        constexpr uint32_t most = J::blockPixels / J::unitPixels > 4 ? 4 : 2;
+        uint32_t left = count;
+        for (; left >= most; left -= most)
+            job.template units<most>();
+        if (most > 2 && (left & 2))
+            job.template units<2>();
+        if (left & 1)
+            job.template units<1>();
+    }
+};
+
+struct OneByOne {
+    size_t blocks;
+    const StreamingBetween& stores;
+
+    template <BlockJob J> ORVA_INLINE void convert(J& job) const {
+        for (size_t left = blocks; left > 0; --left)
+            job.template blocks<Vec128>(stores);
+    }
+};
+
+// Works on a copy of the job, which stays in registers: bytes that are stored might be the job's
+// own.
+template <BlockJob J, class Part> [[gnu::noinline]] void convertApart(J& job, Part part) {
+    J running = job;
+    part.convert(running);
+    job = running;
 }
 
-template <BlockJob J>
-[[gnu::noinline]] void convertOneByOne(J& job, const StreamingBetween& stores, size_t blocks) {
-    for (; blocks > 0; --blocks)
-        job.template blocks<Vec128>(stores);
+// Parts are converted apart, not inlined: they are most of a kernel's code and little of its work.
+// Where bytes only move they are neither.
+template <class J> constexpr bool inlinesParts = requires { requires J::onlyMoves; };
+
+template <BlockJob J, class Part> ORVA_INLINE void convertPart(J& job, J& running, Part part) {
+    if constexpr (inlinesParts<J>) {
+        part.convert(running);
+    } else {
+        job = running;
+        convertApart(job, part);
+        running = job;
+    }
 }
 
 // Leaves what is too little for the widest vectors, and returns how many blocks that is.
@@ -125,30 +155,27 @@ template <StreamableJob J> ORVA_INLINE StreamedPart streamedPart(const J& job, s
             {begin + toLine, begin + toLine + lines}};
 }
 
-// Works on a copy of the job, which stays in registers, and puts its positions back for the calls.
+// Works on a copy of the job as well, and puts its positions back for what is converted apart.
 template <bool streaming, BlockJob J> [[gnu::noinline]] void walk(J& job, const Rows& rows) {
     J running = job;
-    const auto call = [&](auto convert) {
-        job = running;
-        convert();
-        running = job;
-    };
     for (size_t row = 1;; ++row) {
         const RowParts parts = split(running, rows);
         if constexpr (Job<J>)
             if (parts.head > 0)
-                call([&] { convertUnits(job, parts.head); });
+                convertPart(job, running, Units{parts.head});
 
         StreamingBetween stores = StreamingBetween::nothing();
         size_t left = 0;
         if constexpr (streaming) {
             const StreamedPart part = streamedPart(running, parts.blocks);
             if (part.whole == 0) {
-                call([&] { walk<false>(job, {.count = 1, .blocks = parts.blocks}); });
+                job = running;
+                walk<false>(job, {.count = 1, .blocks = parts.blocks});
+                running = job;
             } else {
                 stores = part.stores;
                 if (part.lead > 0)
-                    call([&] { convertOneByOne(job, stores, part.lead); });
+                    convertPart(job, running, OneByOne{part.lead, stores});
                 left = convertWide(running, StreamingStores(), part.whole - part.lead) +
                        parts.blocks - part.whole;
             }
@@ -156,11 +183,11 @@ template <bool streaming, BlockJob J> [[gnu::noinline]] void walk(J& job, const 
             left = convertWide(running, OrdinaryStores(), parts.blocks);
         }
         if (left > 0)
-            call([&] { convertOneByOne(job, stores, left); });
+            convertPart(job, running, OneByOne{left, stores});
 
         if constexpr (Job<J>)
             if (parts.tail > 0)
-                call([&] { convertUnits(job, parts.tail); });
+                convertPart(job, running, Units{parts.tail});
         if (row == rows.count)
             break;
         running.endRow();
