@@ -7,9 +7,10 @@
 // would follow, converted there, and the bytes that belong to the row are copied out. So no pass
 // knows of an odd width or of a row's last bytes.
 //
-// Past the cache only whole cache lines are written. Where a long row does not begin with one, a
-// first piece is written through the cache, and the next one begins at a line within it. Of several
-// rows that begin with a line, and do not end with one, the end is written through the cache.
+// Past the cache lines are written from their first byte on, and whole but for a row's last. Where
+// a single row does not begin with a line, a first piece is written through the cache, and the next
+// one begins at a line within it. Of several rows that begin with a line, what is left behind the
+// last whole block is written through the cache.
 //
 // A piece is some pixels of one row, or of as many rows as are alike.
 #include "picture/rows.hpp"
@@ -31,8 +32,10 @@ size_t offsetOf(PlaneInfo plane, size_t x) { return unitsBefore(plane, x) * plan
 
 size_t bytesOf(PlaneInfo plane, size_t pixels) { return bytesOfUnits(plane, pixels); }
 
-// A piece of every plane of a layout, with room before it for the pixel that precedes it. What is
-// not filled of it is computed with, but never gets out, so it may be anything.
+// A piece of every plane of a layout, with room before it for the pixel that precedes it, and
+// behind it for the pair that follows and for V210's last unit, which is read and written as a
+// whole vector. What is not filled of it is computed with, but never gets out, so it may be
+// anything.
 template <size_t planes, size_t bytesPerPixel> class Strip {
 public:
     Target target() {
@@ -55,9 +58,9 @@ public:
     }
 
 private:
-    static constexpr size_t before = 64;
+    static constexpr size_t before = 64, behind = 64;
 
-    alignas(64) uint8_t bytes[planes][before + bytesPerPixel * stripPixels];
+    alignas(64) uint8_t bytes[planes][before + bytesPerPixel * stripPixels + behind];
 };
 
 // What a caller's rows hold, and samples.
@@ -118,10 +121,10 @@ public:
     Rows(const Plan& plan, const Kernels& kernels, const Area& area, StreamingKinds streaming)
         : plan(plan), kernels(kernels), area(area), streamsCopies(streaming.moves),
           // What is converted in place is not converted twice.
-          mayOverlap(!isInPlace()),
-          streams((plan.onlyMoves() ? streaming.moves : streaming.computed) && mayOverlap &&
+          piecesMayOverlap(!isInPlace()),
+          streams((plan.onlyMoves() ? streaming.moves : streaming.computed) && piecesMayOverlap &&
                   (area.height == 1 || rowsBeginAtLines())),
-          overlapsEnd(mayOverlap && !(streams && area.height > 1) && plan.unitPixels < 6 &&
+          overlapsEnd(piecesMayOverlap && !(streams && area.height > 1) && plan.unitPixels < 6 &&
                       area.width >= kernels.block && area.width % plan.unitPixels == 0) {}
 
     void convert() {
@@ -367,8 +370,8 @@ private:
     const Kernels& kernels;
     const Area& area;
     const bool streamsCopies;
-    const bool mayOverlap;  // a piece what another one converts as well
-    const bool streams;     // what passes write
+    const bool piecesMayOverlap;
+    const bool streams;  // what passes write
     // The last piece is a whole block that overlaps the one before. Not where that has gone past
     // the cache, from where its lines would have to come back.
     const bool overlapsEnd;
