@@ -260,11 +260,11 @@ enum { ORVA_RANGE_STUDIO = 0, ORVA_RANGE_FULL = 1 };
 enum { ORVA_CHROMA_COSITED = 0, ORVA_CHROMA_NEAREST = 1 };
 
 /* Whether frames are written past the cache, which is faster where they are not read again soon.
- * Never changes a byte, and takes place where rows of the destination begin at multiples of 64
- * bytes and are long or end with one as well, or, where no pixel needs its neighbours, where they
- * are one run of memory. Automatic: in pictures of 2 MB and more, source and destination together,
- * what only moves, and where the processor gains by it what is computed and takes no fewer bytes
- * than the source. */
+ * Never changes a byte, and takes place where whole cache lines come together: in planes that are
+ * copied or filled; where rows of the destination begin at multiples of 64 bytes, and are long or
+ * end near one as well; in a single row, and in rows without gaps if no pixel needs its neighbours.
+ * Automatic: in pictures of 2 MB and more, source and destination together, what only moves, and
+ * where the processor gains by it what is computed and takes no fewer bytes than the source. */
 enum { ORVA_STREAMING_AUTOMATIC = 0, ORVA_STREAMING_NEVER = 1, ORVA_STREAMING_ALWAYS = 2 };
 
 typedef struct OrvaOptions {

@@ -450,11 +450,11 @@ enum class Chroma : std::uint32_t {
 };
 
 // Whether frames are written past the cache, which is faster where they are not read again soon.
-// Never changes a byte, and takes place where rows of the destination begin at multiples of 64
-// bytes and are long or end with one as well, or, where no pixel needs its neighbours, where they
-// are one run of memory. Automatic: in pictures of 2 MB and more, source and destination together,
-// what only moves, and where the processor gains by it what is computed and takes no fewer bytes
-// than the source.
+// Never changes a byte, and takes place where whole cache lines come together: in planes that are
+// copied or filled; where rows of the destination begin at multiples of 64 bytes, and are long or
+// end near one as well; in a single row, and in rows without gaps if no pixel needs its neighbours.
+// Automatic: in pictures of 2 MB and more, source and destination together, what only moves, and
+// where the processor gains by it what is computed and takes no fewer bytes than the source.
 enum class Streaming : std::uint32_t {
     automatic = ORVA_STREAMING_AUTOMATIC,
     never = ORVA_STREAMING_NEVER,

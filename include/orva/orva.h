@@ -127,7 +127,7 @@ ORVA_API void ORVA_CALL ORVA_SSE2_A8C_A8P_EX(const OrvaConversionDescriptor* con
 ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_A8P_EX(const OrvaConversionDescriptor* conversion);
 
 /* BGR32I to BGR24I and its fourth bytes to the destination's second plane. Fast when dstData 16,
- * dstPitch 48 and 16, dstWidth 16; source and alpha plane aligned. */
+ * dstPitch 48, dstWidth 16; source and alpha plane aligned. */
 ORVA_API void ORVA_CALL ORVA_SSE2_BGR32I_BGR24IA8P_EX(const OrvaConversionDescriptor* conversion);
 
 /* BGR24I with its alpha plane to BGR32I. Fast when dstData 16, dstPitch 16, dstWidth 16; source and

@@ -19,7 +19,7 @@ void copy(const Descriptor& d, Form form) {
 }
 
 struct FillJob {
-    static constexpr bool onlyMoves = true;
+    static constexpr bool inlinesEnds = true;
     static constexpr uint32_t unitPixels = 1;
     static constexpr uint32_t blockPixels = 32;
     static constexpr uint32_t streamedPixelBytes = 1;

@@ -12,11 +12,9 @@ public:
     ORVA_INLINE explicit FourthFromPlane(const Descriptor& d) : src(alphaSource(d)) {}
 
     template <class V> ORVA_INLINE Pixels16<V> take16() {
-        const V bytes = spreadQuarters(V::load(src));
+        const V bytes = V::load(src);
         src += V::bytes;
-        const V low = unpackLow8(V::zero(), bytes), high = unpackHigh8(V::zero(), bytes);
-        return {unpackLow16(V::zero(), low), unpackHigh16(V::zero(), low),
-                unpackLow16(V::zero(), high), unpackHigh16(V::zero(), high)};
+        return asFourthBytes(bytes);
     }
     ORVA_INLINE uint32_t takePixel() {
         const uint32_t alpha = *src;
@@ -33,12 +31,6 @@ private:
 template <class V> ORVA_INLINE V fourthBytes(const Pixels8<V>& pixels) {
     const V words = packWords(shiftRight32<24>(pixels.a), shiftRight32<24>(pixels.b));
     return groupQuarters(packBytes(words, words));
-}
-
-template <class V> ORVA_INLINE V fourthBytes(const Pixels16<V>& pixels) {
-    return groupQuarters(
-        packBytes(packWords(shiftRight32<24>(pixels.a), shiftRight32<24>(pixels.b)),
-                  packWords(shiftRight32<24>(pixels.c), shiftRight32<24>(pixels.d))));
 }
 
 // Fourth bytes to the destination's main plane, which is the whole destination.

@@ -25,7 +25,7 @@ template <class Byte> picture::ImageRows<Byte> rowsOf(const OrvaImage& image, ui
         if (info.planes[i].unitBytes == 0) {
             continue;
         }
-        // A single row may have any pitch, even one that no address can move by.
+        // A single row may have a pitch that no address can move by.
         const ptrdiff_t pitch = image.height > 1 ? planes[i]->pitch : 0;
         const ptrdiff_t row =
             pitch < 0 ? ptrdiff_t(firstRow) - ptrdiff_t(image.height - 1) : ptrdiff_t(firstRow);

@@ -1,4 +1,4 @@
-// The checks of arguments: the only place that refuses.
+// The checks of images and options: the only place that refuses them.
 #include "checked/validate.hpp"
 
 #include "picture/formats.hpp"
@@ -129,7 +129,7 @@ Refusal checkPlane(const OrvaPlane& plane, std::uint64_t row, std::uint32_t heig
         return {ORVA_PITCH_BELOW_ROW, fields.pitch, plane.pitch,
                 "make the pitch at least as long as a row"};
     }
-    // A single row may have any pitch.
+    // A single row may have any longer pitch.
     std::uint64_t bytes = row;
     const bool tooLarge = height > 1 && (__builtin_mul_overflow(pitch, height - 1, &bytes) ||
                                          __builtin_add_overflow(bytes, row, &bytes));

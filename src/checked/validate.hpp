@@ -1,4 +1,4 @@
-// The checks of arguments: the only place that refuses.
+// The checks of images and options: the only place that refuses them.
 #pragma once
 
 #include "checked/refusal.hpp"

@@ -40,7 +40,7 @@ inline bool streamingPaysWhereComputed() { return __builtin_cpu_is("intel") != 0
 
 }  // namespace orva
 
-#elif defined(__aarch64__)
+#elif defined(__aarch64__) && !defined(__AARCH64EB__)
 
 #define ORVA_INSTRUCTION_SETS(SET) SET(neon, "NEON", supportsNeon)
 
@@ -53,7 +53,7 @@ inline bool streamingPaysWhereComputed() { return false; }
 }  // namespace orva
 
 #else
-#error "there are kernels for x86 and 64-bit ARM only"
+#error "there are kernels for x86 and little-endian 64-bit ARM only"
 #endif
 
 namespace orva {

@@ -29,7 +29,7 @@ inline LineAddresses lineAddresses(const Descriptor& d) {
 }
 
 // Which of the two pointers moves on after a row: for YCbCr sources the one just used, for BGR
-// sources the other. Hosts compare bytes, so it stays different.
+// sources the other. Hosts compare bytes: neither must change.
 enum class Moves { usedLine, otherLine };
 
 template <Moves moves> class LinePairs {

@@ -16,14 +16,12 @@ struct UnalignedLoads {
 };
 
 struct OrdinaryStores {
-    static constexpr bool streaming = false;
     template <class V> ORVA_INLINE void put(V value, uint8_t* p) const { value.store(p); }
 };
 
 // Past the cache, 16 bytes at a time whatever the width of the vectors, because a destination row
 // is only promised to be 16-byte aligned.
 struct StreamingStores {
-    static constexpr bool streaming = true;
     template <class V> ORVA_INLINE void put(V value, uint8_t* p) const { value.stream(p); }
 };
 

@@ -4,6 +4,7 @@
 
 #include "frame/planes.hpp"
 #include "frame/row_walk.hpp"
+#include "simd/bytes.hpp"
 
 namespace orva::ORVA_ISA {
 
@@ -34,7 +35,7 @@ struct MiddleBytesSwapped {
 };
 
 template <class Format, class Order, class Loads> struct MoveJob {
-    static constexpr bool onlyMoves = true;
+    static constexpr bool inlinesEnds = true;
     static constexpr uint32_t unitPixels = Format::unitPixels;
     static constexpr uint32_t blockPixels = Format::blockPixels;
     static constexpr uint32_t blockBytes = blockPixels / unitPixels * Format::unitBytes;

@@ -1,4 +1,4 @@
-// The exports with positional arguments, kept for hosts that still bind to them. They have no
+// The exports with positional arguments, kept for hosts that bind to them. They have no
 // arguments for the image's size, so the descriptor they fill describes no pixels and they write
 // nothing.
 #include <orva/orva.h>

@@ -81,11 +81,11 @@ template <BlockJob J, class Part> [[gnu::noinline]] void convertApart(J& job, Pa
 }
 
 // Parts are converted apart, not inlined: they are most of a kernel's code and little of its work.
-// Where bytes only move they are neither.
-template <class J> constexpr bool inlinesParts = requires { requires J::onlyMoves; };
+// A job whose parts are little code as well says so.
+template <class J> constexpr bool inlinesEnds = requires { requires J::inlinesEnds; };
 
 template <BlockJob J, class Part> ORVA_INLINE void convertPart(J& job, J& running, Part part) {
-    if constexpr (inlinesParts<J>) {
+    if constexpr (inlinesEnds<J>) {
         part.convert(running);
     } else {
         job = running;

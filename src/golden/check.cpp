@@ -6,7 +6,6 @@
 #include "golden/export_cases.hpp"
 #include "picture/active_kernels.hpp"
 
-#include <iterator>
 #include <sstream>
 
 namespace orva::golden {

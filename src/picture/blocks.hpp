@@ -18,9 +18,9 @@ public:
     ORVA_INLINE explicit ChosenStores(const Piece& piece) : streams(piece.streams) {}
 
     ORVA_INLINE void put(Wide value, uint8_t* p) const {
-        bool now = streams;
-        asm("" : "+r"(now));  // or the compiler makes a loop of each
-        if (now)
+        bool chosen = streams;
+        asm("" : "+r"(chosen));  // or the compiler makes a loop of each
+        if (chosen)
             value.streamWhole(p);
         else
             value.store(p);

@@ -1,5 +1,5 @@
 // The passes that compute: between YCbCr and pixels, and between codings of YCbCr; and those that
-// only bring samples into a strip or out of it.
+// only rearrange samples as words of 10 bits, to a strip or to a frame.
 #pragma once
 
 #include "picture/blocks.hpp"

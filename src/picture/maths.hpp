@@ -1,9 +1,9 @@
 // The arithmetic of the engine on vectors of 8 * lanes pixels. Each value is one 32-bit sum that is
 // rounded once.
 //
-// The sums of even and of odd pixels are dwords whose upper halves are the results: merged, they
-// are words in pixel order without a shift and without saturation, which the sums never need. The
-// sums of luma are made once and shared by the three colours.
+// Where the sums' scale allows it, the sums of even and of odd pixels are dwords whose upper halves
+// are the results: merged, they are words in pixel order without a shift and without saturation,
+// which the sums never need. The sums of luma are made once and shared by the three colours.
 #pragma once
 
 #include "picture/samples.hpp"
@@ -11,9 +11,6 @@
 
 namespace orva::ORVA_ISA {
 
-ORVA_INLINE Wide wordPairs(int16_t even, int16_t odd) {
-    return Wide::all32(uint16_t(even) | uint32_t(uint16_t(odd)) << 16);
-}
 ORVA_INLINE Wide wordPairs(picture::ChromaWeights weights) {
     return wordPairs(weights.cb, weights.cr);
 }

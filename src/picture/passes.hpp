@@ -1,4 +1,4 @@
-// What the engine is made of: passes over a piece of one row, and the tables that hold them, one
+// What the engine is made of: passes over pieces of rows, and the tables that hold them, one
 // per instruction set.
 //
 // A pass reads the planes of one layout and writes those of another. V210, whose unit of six pixels

@@ -47,11 +47,7 @@ template <unsigned bytes> ORVA_INLINE uint32_t pixelAt(const uint8_t* p) {
 
 // 16 * lanes alpha bytes as fourth bytes, the others zero.
 ORVA_INLINE Pixels16<Wide> alphaInPixels(const picture::Source& from, size_t x) {
-    const Wide bytes = spreadQuarters(Wide::load(from.plane[orva::alphaPlane] + x));
-    const Wide zero = Wide::zero();
-    const Wide low = unpackLow8(zero, bytes), high = unpackHigh8(zero, bytes);
-    return {unpackLow16(zero, low), unpackHigh16(zero, low), unpackLow16(zero, high),
-            unpackHigh16(zero, high)};
+    return asFourthBytes(Wide::load(from.plane[orva::alphaPlane] + x));
 }
 
 ORVA_INLINE Pixels16<Wide> withAlpha(const Pixels16<Wide>& pixels, const Pixels16<Wide>& alpha) {
@@ -63,12 +59,15 @@ ORVA_INLINE Pixels16<Wide> withAlpha(const Pixels16<Wide>& pixels, const Pixels1
 template <bool alphaFirst, class Stores>
 ORVA_INLINE void putAlpha(Stores stores, const Pixels16<Wide>& pixels, const picture::Target& to,
                           size_t x) {
-    const auto alpha = [](Wide p) {
-        return alphaFirst ? p & Wide::all32(0xFF) : shiftRight32<24>(p);
-    };
-    stores.put(groupQuarters(packBytes(packWords(alpha(pixels.a), alpha(pixels.b)),
-                                       packWords(alpha(pixels.c), alpha(pixels.d)))),
-               to.plane[orva::alphaPlane] + x);
+    uint8_t* const p = to.plane[orva::alphaPlane] + x;
+    if constexpr (alphaFirst) {
+        const Wide first = Wide::all32(0xFF);
+        stores.put(bytesOfDwords<Wide>(
+                       {pixels.a & first, pixels.b & first, pixels.c & first, pixels.d & first}),
+                   p);
+    } else {
+        stores.put(fourthBytes(pixels), p);
+    }
 }
 
 }  // namespace orva::ORVA_ISA

@@ -23,8 +23,8 @@ struct Area {
     size_t height;
 };
 
-// What is written past the cache, where rows begin at cache lines or are one long row: what only
-// moves, and what is computed.
+// What is written past the cache, where whole lines of it come together: what only moves, and what
+// is computed.
 struct StreamingKinds {
     bool moves, computed;
 };

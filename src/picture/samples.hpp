@@ -147,7 +147,8 @@ template <> struct ByteWriter<Layout::planar8> {
     }
 };
 
-// ---- Writers: words of the destination's depth, bounded here, for 16 * lanes pixels ----
+// ---- Writers: words of the destination's depth, bounded but for V210's, for 16 * lanes pixels
+// ----
 
 template <class V> struct WordsPair { Words<V> first, second; };
 

@@ -39,9 +39,6 @@ public:
     }
 
 private:
-    ORVA_INLINE static uint32_t wordPair(int16_t low, int16_t high) {
-        return uint16_t(low) | uint32_t(uint16_t(high)) << 16;
-    }
     ORVA_INLINE static Wide blueRed(const RgbWeights& even, const RgbWeights& odd) {
         return Wide::alternating32(wordPair(even.blue, even.red), wordPair(odd.blue, odd.red));
     }

@@ -46,8 +46,8 @@ public:
     ORVA_INLINE explicit SemiPlanarWriter(const Descriptor& d)
         : luma(mainDestination(d)), chroma(luma.chromaPlane(d.dstPitch, d.dstHeight)) {}
 
-    // As for 4 bytes per pair, although there are 2: it decides how many pairs go singly, which has
-    // to stay as it is.
+    // As for 4 bytes per pair, although there are 2: it decides how many pairs go singly, and that
+    // is documented.
     ORVA_INLINE uint32_t head() const { return unitsToBoundary<4>(luma); }
 
     template <class Stores, class V> ORVA_INLINE void put(Stores, const YuvWords<V>& samples) {

@@ -118,15 +118,8 @@ template <int bits> ORVA_INLINE Vec128 shiftLeft16(Vec128 a) {
 template <int bits> ORVA_INLINE Vec128 shiftLeft32(Vec128 a) {
     return Vec128::of(vshlq_n_u32(a.u32(), bits));
 }
-template <int bits> ORVA_INLINE Vec128 shiftLeft64(Vec128 a) {
-    return Vec128::of(vshlq_n_u64(a.u64(), bits));
-}
-// There is no shift to the right by nothing.
 template <int bits> ORVA_INLINE Vec128 shiftRight16(Vec128 a) {
-    if constexpr (bits == 0)
-        return a;
-    else
-        return Vec128::of(vshrq_n_u16(a.u16(), bits));
+    return Vec128::of(vshrq_n_u16(a.u16(), bits));
 }
 template <int bits> ORVA_INLINE Vec128 shiftRightSigned16(Vec128 a) {
     return Vec128::of(vshrq_n_s16(a.s16(), bits));
@@ -136,9 +129,6 @@ template <int bits> ORVA_INLINE Vec128 shiftRight32(Vec128 a) {
 }
 template <int bits> ORVA_INLINE Vec128 shiftRightSigned32(Vec128 a) {
     return Vec128::of(vshrq_n_s32(a.s32(), bits));
-}
-template <int bits> ORVA_INLINE Vec128 shiftRight64(Vec128 a) {
-    return Vec128::of(vshrq_n_u64(a.u64(), bits));
 }
 
 ORVA_INLINE Vec128 multiply16(Vec128 a, Vec128 b) {

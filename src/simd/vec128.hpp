@@ -70,6 +70,7 @@ struct Vec128 {
 
     // Row ends: the lowest 2, 4, 8, 12 or all 16 bytes only, the rest zero.
     template <uint32_t count> ORVA_INLINE static Vec128 loadFirst(const uint8_t* p) {
+        static_assert(count == 2 || count == 4 || count == 8 || count == 12 || count == 16);
         if constexpr (count == 2)
             return {_mm_cvtsi32_si128(p[0] | p[1] << 8)};
         else if constexpr (count == 12)
@@ -99,6 +100,7 @@ struct Vec128 {
     }
     // The lowest 2, 4, 6, 8, 12 or all 16 bytes.
     template <uint32_t count> ORVA_INLINE void storeFirst(uint8_t* p) const {
+        static_assert(count % 2 == 0 && (count <= 8 || count == 12 || count == 16));
         if constexpr (count == 2) {
             p[0] = uint8_t(low32());
             p[1] = uint8_t(low32() >> 8);

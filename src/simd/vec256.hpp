@@ -1,4 +1,4 @@
-// Two 128-bit lanes: the wide vector of the AVX2 table.
+// Two 128-bit lanes: the wide vector of the AVX2 and AVX-VNNI tables.
 #pragma once
 
 namespace orva::ORVA_ISA {

@@ -9,7 +9,7 @@
 //
 // ORVA_ISA names the instruction set that this translation unit is compiled for, and the namespace
 // that holds everything compiled for it: no function of one instruction set can be linked into
-// another's path. Nothing outside this folder names an intrinsic.
+// another's path. No kernel outside this folder names an intrinsic.
 #pragma once
 
 #ifndef ORVA_ISA
@@ -70,5 +70,11 @@ private:
 };
 
 template <class V> ORVA_INLINE V constant(const Constant& c) { return c.template as<V>(); }
+
+// Two words as a dword, and as all dwords of a vector.
+ORVA_INLINE uint32_t wordPair(int16_t even, int16_t odd) {
+    return uint16_t(even) | uint32_t(uint16_t(odd)) << 16;
+}
+ORVA_INLINE Wide wordPairs(int16_t even, int16_t odd) { return Wide::all32(wordPair(even, odd)); }
 
 }  // namespace orva::ORVA_ISA

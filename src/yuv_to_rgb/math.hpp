@@ -52,10 +52,6 @@ public:
     }
 
 private:
-    ORVA_INLINE static Wide wordPairs(int16_t even, int16_t odd) {
-        return Wide::all32(uint16_t(even) | uint32_t(uint16_t(odd)) << 16);
-    }
-
     // Half a unit of the 14 fraction bits and the chroma offsets, all multiplied by 4 as luma is.
     ORVA_INLINE static Wide start(int chromaGain) {
         return Wide::all32(uint32_t(4 * 8192 - 8 * 128 * chromaGain));

@@ -122,7 +122,7 @@ public:
 };
 
 // Single pairs have the constant one byte too high in the odd pixel's word and not at all in the
-// even one's, so that saturation makes it 0 or 255. Hosts compare bytes, so it stays there.
+// even one's, so that saturation makes it 0 or 255. Hosts compare bytes: it must not move.
 ORVA_INLINE Wide pairwiseConstant(const Descriptor& d) {
     return Wide::all32(uint32_t(d.alphaValue) << 24);
 }

@@ -20,8 +20,9 @@ template <class V> struct WholeBlock { HalfBlock<V> first, second; };
 template <bool clamped> class MatrixConversion {
 public:
     ORVA_INLINE explicit MatrixConversion(const MatrixSetup& setup)
-        : lumaWeights(wordPairs(setup.lumaCorrection)), cbWeights(wordPairs(setup.cb)),
-          crWeights(wordPairs(setup.cr)) {}
+        : lumaWeights(wordPairs(setup.lumaCorrection.cb, setup.lumaCorrection.cr)),
+          cbWeights(wordPairs(setup.cb.cb, setup.cb.cr)),
+          crWeights(wordPairs(setup.cr.cb, setup.cr.cr)) {}
 
     // Luma and chroma of the result may lie outside 0..255 and are to be saturated.
     template <class V> ORVA_INLINE WholeBlock<V> operator()(const WholeBlock<V>& in) const {
@@ -44,10 +45,6 @@ public:
     }
 
 private:
-    ORVA_INLINE static Wide wordPairs(ChromaWeights weights) {
-        return Wide::all32(uint16_t(weights.cb) | uint32_t(uint16_t(weights.cr)) << 16);
-    }
-
     // One word per pair with 8 fraction bits, saturated: those of the first halves, then the
     // second.
     template <class V> ORVA_INLINE static V weighted(V first, V second, const Constant& weights) {
