@@ -54,7 +54,9 @@ orva_install_pkgconfig(orva-convert ORVA_CONVERT_STATIC
 install(DIRECTORY include/orva DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md COPYRIGHT
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
-install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+# Examples may have been built where they lie.
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
+  PATTERN build EXCLUDE PATTERN __pycache__ EXCLUDE)
 if(WIN32)
   install(FILES ${ORVA_EXPORT_DEF_exports} ${ORVA_EXPORT_DEF_convert}
     DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
