@@ -1,13 +1,11 @@
-// What callers find as they left it, and what they need not care for.
+// What callers on x86 find as they left it, and what they need not care for.
 #include "golden/exports.hpp"
 #include "support/tables.hpp"
 
 #include <cstring>
 #include <span>
 
-#if !defined(__aarch64__)
 #include <xmmintrin.h>
-#endif
 
 namespace test {
 namespace {
@@ -38,7 +36,6 @@ template <class Call> void callEveryConversion(const Call& call) {
     }
 }
 
-#if !defined(__aarch64__)
 TEST(FloatingPointControl, IsKept) {
     const uint32_t kept = _mm_getcsr();
     // Everything masked, and nothing else as it is by default: rounding upwards, denormals as zero,
@@ -53,7 +50,6 @@ TEST(FloatingPointControl, IsKept) {
     });
     _mm_setcsr(kept);
 }
-#endif
 
 #if defined(_WIN64)
 
@@ -130,10 +126,6 @@ TEST(StackAlignment, AnyMultipleOfFourWillDo) {
         });
     });
 }
-
-#else
-
-TEST(StackAlignment, IsTheCallersDutyIn64BitBuilds) { GTEST_SKIP(); }
 
 #endif
 

@@ -23,6 +23,9 @@ struct Exhaustive {
     template <class JudgeRow> void run(const Options& options, JudgeRow judgeRow) {
         std::vector<std::byte> first;
         withEveryPictureTable([&] {
+            // Another value for each call, so that no table can pass by another's bytes.
+            untouched = std::byte(std::to_integer<int>(untouched) + 1);
+            std::ranges::fill(made.view().main.bytes, untouched);
             ASSERT_TRUE(convert(source.view(), made.view(), options));
             const auto bytes = made.view().main.bytes;
             if (first.empty()) {
@@ -37,6 +40,7 @@ struct Exhaustive {
     }
 
     Image source, made;
+    std::byte untouched{};
 };
 
 // The largest error of 256 samples whose real values go from the first to the last in equal steps.

@@ -61,8 +61,7 @@ for format in UYVY16IA8P V210; do
             colours=(--matrix "$matrix" --range "$range")
             run pattern --format $format "${size[@]}" --frames 2 "${colours[@]}" drawn.yuv
             run convert --from bgra --to $format "${size[@]}" "${colours[@]}" clip.bgra made.yuv
-            run compare --format $format "${size[@]}" --min-psnr 50 drawn.yuv made.yuv
-            grep -q "difference [3-9]" output && complain "$format ${colours[*]}: $(cat output)"
+            run compare --format $format "${size[@]}" --max-difference 2 drawn.yuv made.yuv
         done
     done
 done
@@ -159,4 +158,4 @@ for wxh in 33x5 1x1; do
     done
 done
 
-exit $failures
+finish

@@ -54,4 +54,4 @@ for format in "${pngs[@]}"; do
     shows "$format" 3 "$(grep -c 'greatest difference [01],' output)"
 done
 
-exit $failures
+finish

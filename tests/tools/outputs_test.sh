@@ -84,7 +84,7 @@ same whole.bgra both.uyvy 'in its own place'
 
 # Without rights: neither a file that is read-only is written, nor one that cannot be replaced.
 if [ "$(id -u)" -ne 0 ]; then
-    as_user=()
+    as_user=(env)
 elif command -v setpriv >output; then
     as_user=(setpriv --reuid 65534 --regid 65534 --clear-groups)
 fi
@@ -201,4 +201,4 @@ done
 truncate -s 3G huge
 ends 2 '3221225472 bytes are not a whole number of frames' "$orva" info --format A8P --size 7x7 huge
 
-exit $failures
+finish

@@ -19,11 +19,17 @@ run() {
     "$orva" "$@" >output 2>errors || complain "orva $* ended with $?: $(cat errors)"
 }
 
+# All files of the folder, unfinished ones as well, and what is in them.
+files() {
+    find . -mindepth 1 | sort
+    cksum ./*
+}
+
 # refuses <text> <arguments>: status 2, the text among the errors, no file more and none changed.
 refuses() {
     text=$1
     shift
-    before=$(cksum ./*)
+    before=$(files)
     said=$("$orva" "$@" 2>&1)
     status=$?
     case $said in
@@ -31,7 +37,7 @@ refuses() {
     *) complain "orva $* said '$said', not '$text'" ;;
     esac
     [ $status -eq 2 ] || complain "orva $* ended with $status, not 2"
-    [ "$(cksum ./*)" = "$before" ] || complain "orva $* changed files: $(ls)"
+    [ "$(files)" = "$before" ] || complain "orva $* changed files: $(ls -A)"
 }
 
 # same <file> <file> [what]
@@ -47,4 +53,9 @@ bytes() {
 # shows <what> <expected> <is>
 shows() {
     [ "$2" = "$3" ] || complain "$1: '$3', not '$2'"
+}
+
+# The last command of a test.
+finish() {
+    [ $failures -eq 0 ]
 }

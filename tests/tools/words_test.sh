@@ -167,4 +167,4 @@ offers 'clip.uyvy' info --format uyvy --size 64x4 cl
 offers '' convert --alpha ''
 offers '' convert --rate ''
 
-exit $failures
+finish

@@ -1,4 +1,4 @@
-"""Calls the checked library from a language without its headers:  checked_host.py LIBRARY
+"""Calls the checked library from a language without its headers:  main.py LIBRARY
 
 Converts a frame of colour bars and prints the colours, with sizes of structures worked out from the
 documented fields alone.
