@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <deque>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -85,7 +86,10 @@ public:
         const auto begin = std::chrono::steady_clock::now();
         for (int i = 0; i < count; ++i) {
             GstBuffer* frame = frames[static_cast<std::size_t>(i) % frames.size()];
-            made.push_back(gst_harness_push_and_pull(harness, gst_buffer_ref(frame)));
+            GstBuffer* const converted = gst_harness_push_and_pull(harness, gst_buffer_ref(frame));
+            if (!converted)
+                throw std::runtime_error("a frame was not converted");
+            made.push_back(converted);
             keep(buffersAlive);
         }
         const std::chrono::duration<double, std::milli> time =

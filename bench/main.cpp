@@ -36,7 +36,8 @@ constexpr const char* usage = R"(orva-bench [OPTION...]
   --out FOLDER      where report.md, report.csv and report.svg go (.), or convert.md and
                     convert.csv
   --benchmark_...   run single measurements under Google Benchmark; its options
-Ends with status 2 if an option cannot be used, the kernels' bytes are wrong or a report cannot be written.
+Ends with status 2 if an option cannot be used, bytes of what is measured are wrong or a report cannot be
+written.
 )";
 
 struct Options {
@@ -149,7 +150,6 @@ void summarize(const Judgement& judgement, const std::filesystem::path& folder,
 void report(const Options& options, Ring& ring) {
     const std::filesystem::path folder = folderOf(options);
     const OtherBuild other = options.compare.empty() ? OtherBuild() : OtherBuild(options.compare);
-    checkBytesOfExports();
     const std::vector<Row> rows = measureAll(options, ring);
     expectSome(rows, options);
 
@@ -215,6 +215,7 @@ int main(int argc, char** argv) try {
     }
     if (!pinTo(options.cpu))
         std::cerr << "orva-bench: cannot stay on one core\n";
+    checkBytesOfExports();
     Ring ring;
     if (options.streaming) {
         writeStreaming(std::cout, ring, options.method.rounds);

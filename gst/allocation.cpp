@@ -10,6 +10,16 @@ namespace {
 
 constexpr gsize cacheLineMask = 63;
 
+// A pool that refuses what is asked of it gets back what it had: it may have taken a part.
+void configure(GstBufferPool* pool, GstStructure* config) {
+    GstStructure* const before = gst_buffer_pool_get_config(pool);
+    if (gst_buffer_pool_set_config(pool, config)) {
+        gst_structure_free(before);
+    } else {
+        gst_buffer_pool_set_config(pool, before);
+    }
+}
+
 void alignPool(GstBufferPool* pool) {
     GstStructure* config = gst_buffer_pool_get_config(pool);
     GstAllocator* allocator = nullptr;
@@ -18,8 +28,7 @@ void alignPool(GstBufferPool* pool) {
     gst_buffer_pool_config_get_allocator(config, &allocator, &params);
     params.align = std::max(params.align, cacheLineMask);
     gst_buffer_pool_config_set_allocator(config, allocator, &params);
-    // A pool that cannot do it keeps the configuration that it has.
-    gst_buffer_pool_set_config(pool, config);
+    configure(pool, config);
 }
 
 }  // namespace
@@ -62,7 +71,7 @@ void alignRows(GstQuery* query) {
         gst_buffer_pool_config_add_option(config, GST_BUFFER_POOL_OPTION_VIDEO_META);
         gst_buffer_pool_config_add_option(config, GST_BUFFER_POOL_OPTION_VIDEO_ALIGNMENT);
         gst_buffer_pool_config_set_video_alignment(config, &alignment);
-        gst_buffer_pool_set_config(pool, config);
+        configure(pool, config);
     }
     gst_object_unref(pool);
 }
