@@ -15,6 +15,7 @@ namespace {
 struct Pixel {
     double red, green, blue, alpha;  // 0..255
 };
+static_assert(sizeof(Pixel) == chartColumnBytes);
 
 constexpr Pixel grey(double level) { return {level, level, level, 255}; }
 
@@ -39,7 +40,8 @@ public:
 
     // Bars over the upper half, then five ramps, then the zone plate; the marker runs over all.
     Pixel at(std::uint32_t x, std::uint32_t y) const {
-        if ((x + width - frame * 4 % width) % width < markerWidth) {
+        const std::uint32_t marker = frame * 4 % width;  // its left column
+        if ((x >= marker ? x - marker : x + (width - marker)) < markerWidth) {
             return grey(y / markerWidth % 2 == 0 ? 255 : 0);
         }
         if (y < height / 2) {
@@ -53,7 +55,9 @@ private:
     static constexpr std::uint32_t markerWidth = 8;
 
     Pixel ramp(std::uint32_t band, std::uint32_t x) const {
-        const double level = std::floor(256.0 * ((x + frame * 2) % width) / width);
+        const std::uint32_t shift = frame * 2 % width;
+        const std::uint32_t column = x < width - shift ? x + shift : x - (width - shift);
+        const double level = std::floor(256.0 * column / width);
         switch (band) {
         case 0:
             return grey(level);

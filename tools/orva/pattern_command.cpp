@@ -1,6 +1,7 @@
 // orva pattern: writes the test chart.
 #include "channels.hpp"
 #include "commands.hpp"
+#include "memory.hpp"
 #include "pattern.hpp"
 #include "progress.hpp"
 
@@ -10,6 +11,9 @@
 namespace orva::tool {
 
 void runPattern(const PatternArguments& arguments) {
+    if (arguments.size.width > usableMemory() / 4 / chartColumnBytes) {
+        failTooLarge(arguments.format, arguments.size);
+    }
     Image image = createImage(arguments.format, arguments.size);
     Image chart = createImage(plainFormat(arguments.format), arguments.size);
     ClipProperties properties;
