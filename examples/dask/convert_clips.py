@@ -98,8 +98,14 @@ def convert_folder(client, paths, folder, src, dst, size, options, frames_per_ch
 
 
 def arguments():
+    def count(text):
+        number = int(text)
+        if number < 1:
+            raise ValueError
+        return number
+
     def size(text):
-        width, height = map(int, text.split("x"))
+        width, height = map(count, text.split("x"))
         return width, height
 
     parser = argparse.ArgumentParser(description="Converts a folder of raw clips.")
@@ -109,7 +115,7 @@ def arguments():
     parser.add_argument("--matrix", default="bt709", help="bt601, bt709 or bt2020")
     parser.add_argument("--range", default="studio", help="studio or full")
     parser.add_argument("--scheduler", metavar="ADDRESS", help="of several machines' scheduler")
-    parser.add_argument("--chunk", type=int, metavar="FRAMES", help="frames of a task, 256 MB by default")
+    parser.add_argument("--chunk", type=count, metavar="FRAMES", help="frames of a task, 256 MB by default")
     parser.add_argument("clips", type=pathlib.Path)
     parser.add_argument("converted", type=pathlib.Path)
     return parser.parse_args()
