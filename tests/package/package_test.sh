@@ -275,6 +275,14 @@ check_windows() {
     check_ring "$emulator" "$prefix/bin/capture-ring.exe"
     check_crop "$emulator" "$prefix/bin/crop-c.exe"
     "$emulator" "$prefix/bin/orva.exe" selftest >/dev/null || fail "the packaged program"
+    # Names that no code page has all letters of, written and read.
+    mkdir 'grün'
+    local clip=(--format A8P --size 4x2 'grün/日本.raw')
+    for name in pattern info; do
+        LC_ALL=C.UTF-8 "$emulator" "$prefix/bin/orva.exe" $name "${clip[@]}" >/dev/null ||
+            fail "$name of a file whose name is not ASCII"
+    done
+    [ "$(ls -A 'grün')" = '日本.raw' ] || fail "names that are not ASCII became $(ls -A 'grün')"
 }
 
 "check_$system"

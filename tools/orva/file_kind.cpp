@@ -2,6 +2,7 @@
 #include "file_kind.hpp"
 
 #include "failure.hpp"
+#include "file_names.hpp"
 #include "header.hpp"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ constexpr std::array foreign = {"avi"sv, "avif"sv, "bmp"sv,  "dng"sv,  "dpx"sv, 
 
 // In lower case, without the dot.
 std::string endingOf(const std::string& name) {
-    std::string ending = std::filesystem::path(name).extension().string();
+    std::string ending = pathOf(name).extension().string();
     std::ranges::transform(ending, ending.begin(),
                            [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return ending.substr(ending.empty() ? 0 : 1);

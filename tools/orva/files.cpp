@@ -2,6 +2,7 @@
 #include "files.hpp"
 
 #include "failure.hpp"
+#include "file_names.hpp"
 #include "unfinished.hpp"
 
 #include <algorithm>
@@ -39,16 +40,17 @@ InputFile::InputFile(const std::string& name) : shownName(name) {
 #endif
         file.reset(stdin);
     } else {
+        const fs::path path = pathOf(name);
         std::error_code ignored;
-        if (fs::is_directory(name, ignored)) {
+        if (fs::is_directory(path, ignored)) {
             throw Failure(name + ": is a directory");
         }
-        file.reset(std::fopen(name.c_str(), "rb"));
+        file.reset(openForReading(name).release());
         if (!file) {
             fail(name, "cannot be read");
         }
-        if (fs::is_regular_file(name, ignored)) {
-            fileSize = fs::file_size(name);
+        if (fs::is_regular_file(path, ignored)) {
+            fileSize = fs::file_size(path);
         }
     }
     if (isKeptFromInputs(file.get())) {

@@ -70,8 +70,6 @@ public:
     // The last call.
     void commit();
 
-    const std::string& name() const { return shownName; }
-
 private:
     std::string shownName;
     OutputTarget target;

@@ -2,6 +2,7 @@
 #include "frames.hpp"
 
 #include "failure.hpp"
+#include "file_names.hpp"
 #include "files.hpp"
 #include "picture_frames.hpp"
 #include "raw_frames.hpp"
@@ -16,7 +17,7 @@ namespace {
 
 std::unique_ptr<FrameReader> openAll(const std::string& name, const InputSettings& settings) {
     std::error_code ignored;
-    if (!std::filesystem::exists(name, ignored) && isPicture(kindOfName(name))) {
+    if (!std::filesystem::exists(pathOf(name), ignored) && isPicture(kindOfName(name))) {
         if (NumberedName numbered(name); numbered.hasNumber()) {
             return openNumberedPictures(name, std::move(numbered), settings);
         }

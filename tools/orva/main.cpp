@@ -1,6 +1,7 @@
 // orva: converts uncompressed video frames on the command line. This file says which commands,
 // options and arguments there are.
 #include "commands.hpp"
+#include "file_names.hpp"
 #include "files.hpp"
 #include "format_names.hpp"
 #include "header.hpp"
@@ -244,7 +245,7 @@ void addSelftest(CLI::App& app, int& status) {
         ->callback([&status] { status = runSelftest() ? 0 : differenceStatus; });
 }
 
-int run(int argc, char** argv) {
+int run(std::vector<std::string> typed) {
     CLI::App app("Converts uncompressed video frames between pixel formats.", "orva");
     app.require_subcommand(1);
     ConvertArguments convertArguments;
@@ -261,7 +262,8 @@ int run(int argc, char** argv) {
     app.set_version_flag("--version", versionText,
                          "Tell the versions of what is at work, and exit");
     try {
-        app.parse(argc, argv);
+        std::ranges::reverse(typed);  // as it wants them
+        app.parse(std::move(typed));
         return status;
     } catch (const CLI::Success& help) {
         return app.exit(help);
@@ -281,7 +283,7 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     reserveStandardStreams();
-    const int status = run(argc, argv);
+    const int status = run(argumentsOf(argc, argv));
     if (!closeStandardOutput()) {
         std::fprintf(stderr, "orva: standard output: cannot be written: %s\n",
                      std::strerror(errno));

@@ -1,10 +1,9 @@
 // The files that are being read.
 #include "open_inputs.hpp"
 
-#include "file_handle.hpp"
+#include "file_names.hpp"
 
 #include <algorithm>
-#include <filesystem>
 #include <mutex>
 #include <optional>
 #include <system_error>
@@ -80,8 +79,8 @@ bool isInput(int descriptor) {
 void keepFromInputs(const std::string& name) {
     std::error_code ignored;
     Status status;
-    if (std::filesystem::is_regular_file(name, ignored)) {
-        const FileHandle file(std::fopen(name.c_str(), "rb"));
+    if (std::filesystem::is_regular_file(pathOf(name), ignored)) {
+        const FileHandle file = openForReading(name);
         if (file && getStatus(fileno(file.get()), status)) {
             kept = status;
         }

@@ -97,11 +97,10 @@ OutputTarget openDirectly(const std::string& name, const fs::path& path) {
 // A new file beside `path`. Its name is short: with that of `path` in it, it might be too long.
 OutputTarget openBeside(const std::string& name, const fs::path& path, mode_t mode) {
     std::random_device device;
-    OutputTarget target{.file = {}, .path = path.string(), .temporary = {}};
+    OutputTarget target{.file = {}, .path = path, .temporary = {}};
     int descriptor;
     do {
-        const fs::path temporary = path.parent_path() / (".orva-" + std::to_string(device()));
-        target.temporary = temporary.string();
+        target.temporary = path.parent_path() / (".orva-" + std::to_string(device()));
         setUnfinished(target.temporary);
         descriptor = open(target.temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     } while (descriptor < 0 && errno == EEXIST);

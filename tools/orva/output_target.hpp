@@ -3,14 +3,16 @@
 
 #include "file_handle.hpp"
 
+#include <filesystem>
 #include <string>
 
 namespace orva::tool {
 
 struct OutputTarget {
     FileHandle file;
-    std::string path;
-    std::string temporary;  // what `file` is until it is renamed to `path`; empty: it is the target
+    std::filesystem::path path;
+    std::filesystem::path
+        temporary;  // what `file` is until it is renamed to `path`; empty: it is the target
 };
 
 // "-" is standard output. A regular file gets a temporary name beside it, which setUnfinished

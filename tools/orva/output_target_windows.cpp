@@ -2,6 +2,7 @@
 #include "output_target.hpp"
 
 #include "failure.hpp"
+#include "file_names.hpp"
 #include "open_inputs.hpp"
 #include "unfinished.hpp"
 
@@ -25,8 +26,8 @@ namespace fs = std::filesystem;
 
 // Null, and GetLastError() why. The C library's own functions do not let anybody delete a file that
 // is open.
-FileHandle openDeletable(const std::string& name, DWORD disposition) {
-    const HANDLE handle = CreateFileA(name.c_str(), GENERIC_WRITE,
+FileHandle openDeletable(const fs::path& path, DWORD disposition) {
+    const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                       nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {
@@ -58,10 +59,11 @@ OutputTarget openTarget(const std::string& name) {
         _setmode(descriptor, _O_BINARY);
         return {.file = FileHandle(_fdopen(descriptor, "wb")), .path = {}, .temporary = {}};
     }
-    if (fs::is_directory(name)) {
+    const fs::path given = pathOf(name);
+    if (fs::is_directory(given)) {
         throw Failure(name + ": is a directory");
     }
-    FileHandle old = openDeletable(name, OPEN_EXISTING);
+    FileHandle old = openDeletable(given, OPEN_EXISTING);
     if (!old && GetLastError() != ERROR_FILE_NOT_FOUND && GetLastError() != ERROR_PATH_NOT_FOUND) {
         fail(name);
     }
@@ -71,17 +73,15 @@ OutputTarget openTarget(const std::string& name) {
     if (old && isInput(_fileno(old.get()))) {
         throw Failure(name + ": is also the input, and cannot be replaced while it is read");
     }
-    const fs::path path = old ? fs::canonical(name) : fs::path(name);
+    const fs::path path = old ? fs::canonical(given) : given;
     std::random_device device;
     const fs::path temporary = path.parent_path() / (".orva-" + std::to_string(device()));
-    OutputTarget target{.file = openDeletable(temporary.string(), CREATE_NEW),
-                        .path = path.string(),
-                        .temporary = temporary.string()};
-    if (!target.file) {
+    FileHandle file = openDeletable(temporary, CREATE_NEW);
+    if (!file) {
         fail(name);
     }
-    setUnfinished(target.temporary);
-    return target;
+    setUnfinished(temporary);
+    return {.file = std::move(file), .path = path, .temporary = temporary};
 }
 
 }  // namespace orva::tool

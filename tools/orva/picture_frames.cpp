@@ -2,6 +2,7 @@
 #include "picture_frames.hpp"
 
 #include "failure.hpp"
+#include "file_names.hpp"
 #include "picture.hpp"
 
 #include <algorithm>
@@ -108,7 +109,7 @@ Numbered findNumbered(const std::string& name, NumberedName numbered,
                       std::optional<std::uint64_t> start) {
     const auto isThere = [&](std::uint64_t number) {
         std::error_code ignored;
-        return std::filesystem::exists(numbered.with(number), ignored);
+        return std::filesystem::exists(pathOf(numbered.with(number)), ignored);
     };
     const std::uint64_t first = start ? *start : isThere(0) ? 0 : 1;
     std::uint64_t count = 0;

@@ -16,17 +16,19 @@
 namespace orva::tool {
 namespace {
 
-constexpr std::size_t longestName = 4095;  // the systems open no longer ones
+using Character = std::filesystem::path::value_type;
 
-std::atomic<const char*> unfinished = nullptr;
-static_assert(std::atomic<const char*>::is_always_lock_free);
+constexpr std::size_t longestPath = 4095;  // the systems open no longer ones
+
+std::atomic<const Character*> unfinished = nullptr;
+static_assert(std::atomic<const Character*>::is_always_lock_free);
 
 #if defined(_WIN32)
 
 // The next handler ends the program, and with it goes the last handle of the deleted file.
 BOOL WINAPI removeUnfinished(DWORD) {
-    if (const char* const name = unfinished) {
-        DeleteFileA(name);
+    if (const Character* const path = unfinished) {
+        DeleteFileW(path);
     }
     return FALSE;
 }
@@ -37,8 +39,8 @@ bool handleEnds() { return SetConsoleCtrlHandler(removeUnfinished, TRUE) != 0; }
 
 // Ends the program by the same signal in the end, so that its parent sees how it ended.
 void removeUnfinished(int signal) {
-    if (const char* const name = unfinished) {
-        unlink(name);
+    if (const Character* const path = unfinished) {
+        unlink(path);
     }
     std::signal(signal, SIG_DFL);
     std::raise(signal);
@@ -60,16 +62,16 @@ bool handleEnds() {
 
 }  // namespace
 
-void setUnfinished(const std::string& name) {
+void setUnfinished(const std::filesystem::path& path) {
     [[maybe_unused]] static const bool handled = handleEnds();
-    // Two by turns, never freed: a handler may be reading the name that is replaced.
-    static std::array<std::array<char, longestName + 1>, 2> names;
+    // Two by turns, never freed: a handler may be reading the path that is replaced.
+    static std::array<std::array<Character, longestPath + 1>, 2> paths;
     static std::size_t turn = 0;
     unfinished = nullptr;
-    if (!name.empty() && name.size() <= longestName) {
+    if (const auto& text = path.native(); !text.empty() && text.size() <= longestPath) {
         turn = 1 - turn;
-        names[turn][name.copy(names[turn].data(), longestName)] = '\0';
-        unfinished = names[turn].data();
+        paths[turn][text.copy(paths[turn].data(), longestPath)] = 0;
+        unfinished = paths[turn].data();
     }
 }
 
