@@ -55,7 +55,7 @@ GType chromaType() {
 
 // ---- Properties ---------------------------------------------------------------------------------
 
-void setProperty(GObject* object, guint id, const GValue* value, GParamSpec* spec) {
+void setProperty(GObject* object, guint id, const GValue* value, GParamSpec* property) {
     OrvaConvert* const self = elementOf(object);
     GST_OBJECT_LOCK(self);
     switch (id) {
@@ -69,12 +69,12 @@ void setProperty(GObject* object, guint id, const GValue* value, GParamSpec* spe
         self->alpha = g_value_get_int(value);
         break;
     default:
-        G_OBJECT_WARN_INVALID_PROPERTY_ID(object, id, spec);
+        G_OBJECT_WARN_INVALID_PROPERTY_ID(object, id, property);
     }
     GST_OBJECT_UNLOCK(self);
 }
 
-void getProperty(GObject* object, guint id, GValue* value, GParamSpec* spec) {
+void getProperty(GObject* object, guint id, GValue* value, GParamSpec* property) {
     OrvaConvert* const self = elementOf(object);
     GST_OBJECT_LOCK(self);
     switch (id) {
@@ -88,7 +88,7 @@ void getProperty(GObject* object, guint id, GValue* value, GParamSpec* spec) {
         g_value_set_int(value, self->alpha);
         break;
     default:
-        G_OBJECT_WARN_INVALID_PROPERTY_ID(object, id, spec);
+        G_OBJECT_WARN_INVALID_PROPERTY_ID(object, id, property);
     }
     GST_OBJECT_UNLOCK(self);
 }

@@ -147,11 +147,11 @@ template <> struct ByteWriter<Layout::planar8> {
     }
 };
 
-// ---- Writers: words of the destination's depth, bounded but for V210's, for 16 * lanes pixels
-// ----
+// ---- Writers: words of the destination's depth, for 16 * lanes pixels ----
 
 template <class V> struct WordsPair { Words<V> first, second; };
 
+// Bounds the words, but for V210's, which lie in a strip until packV210 does.
 template <Layout layout> struct Writer {
     template <class Stores, class V>
     ORVA_INLINE static void put(Stores stores, const WordsPair<V>& in, const Target& to, size_t x) {

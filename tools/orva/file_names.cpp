@@ -31,9 +31,7 @@ std::vector<std::string> argumentsOf(int, char**) {
     return arguments;
 }
 
-FileHandle openForReading(const std::string& name) {
-    return FileHandle(_wfopen(pathOf(name).c_str(), L"rb"));
-}
+std::FILE* openForReading(const std::string& name) { return _wfopen(pathOf(name).c_str(), L"rb"); }
 
 #else
 
@@ -41,9 +39,7 @@ std::vector<std::string> argumentsOf(int argc, char** argv) {
     return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
-FileHandle openForReading(const std::string& name) {
-    return FileHandle(std::fopen(name.c_str(), "rb"));
-}
+std::FILE* openForReading(const std::string& name) { return std::fopen(name.c_str(), "rb"); }
 
 #endif
 

@@ -2,8 +2,7 @@
 // are UTF-8 on Windows, whatever its code page is, and bytes elsewhere.
 #pragma once
 
-#include "file_handle.hpp"
-
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -16,6 +15,6 @@ std::vector<std::string> argumentsOf(int argc, char** argv);
 std::filesystem::path pathOf(const std::string& name);
 
 // Null, and errno why.
-FileHandle openForReading(const std::string& name);
+std::FILE* openForReading(const std::string& name);
 
 }  // namespace orva::tool

@@ -45,7 +45,7 @@ InputFile::InputFile(const std::string& name) : shownName(name) {
         if (fs::is_directory(path, ignored)) {
             throw Failure(name + ": is a directory");
         }
-        file.reset(openForReading(name).release());
+        file.reset(openForReading(name));
         if (!file) {
             fail(name, "cannot be read");
         }

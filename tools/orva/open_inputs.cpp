@@ -1,6 +1,7 @@
 // The files that are being read.
 #include "open_inputs.hpp"
 
+#include "file_handle.hpp"
 #include "file_names.hpp"
 
 #include <algorithm>
@@ -80,7 +81,7 @@ void keepFromInputs(const std::string& name) {
     std::error_code ignored;
     Status status;
     if (std::filesystem::is_regular_file(pathOf(name), ignored)) {
-        const FileHandle file = openForReading(name);
+        const FileHandle file(openForReading(name));
         if (file && getStatus(fileno(file.get()), status)) {
             kept = status;
         }

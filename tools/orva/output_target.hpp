@@ -11,8 +11,8 @@ namespace orva::tool {
 struct OutputTarget {
     FileHandle file;
     std::filesystem::path path;
-    std::filesystem::path
-        temporary;  // what `file` is until it is renamed to `path`; empty: it is the target
+    // What `file` is until it is renamed to `path`; empty: it is the target.
+    std::filesystem::path temporary;
 };
 
 // "-" is standard output. A regular file gets a temporary name beside it, which setUnfinished
