@@ -2,12 +2,12 @@
 # Uses the libraries as others get them: out of the packages, or installed and moved elsewhere where
 # packages cannot be made.
 #
-#   package_test.sh linux|windows CMAKE BUILD_DIRECTORY POINTER_SIZE [EMULATOR]
+#   package_test.sh linux|windows CMAKE BUILD_DIRECTORY POINTER_SIZE [EMULATOR...]
 #
 # CC, CXX, CFLAGS, CXXFLAGS, CMAKE_GENERATOR and CMAKE_TOOLCHAIN_FILE say how the library was built.
 set -euo pipefail
 export LC_ALL=C
-system=$1 cmake=$2 build=$3 pointer_size=$4 emulator=${5:-}
+system=$1 cmake=$2 build=$3 pointer_size=$4 emulator=("${@:5}")
 here=$(cd "$(dirname "$0")" && pwd)
 
 # Beneath the build: an emulator may see nothing else.
@@ -248,7 +248,7 @@ check_windows() {
     # host NAME SOURCE FLAG...: beside the DLLs, where Windows looks for them.
     host() {
         build_c "$prefix/bin/$1.exe" "$2" -I"$prefix/include" "${@:3}"
-        "$emulator" "$prefix/bin/$1.exe"
+        "${emulator[@]}" "$prefix/bin/$1.exe"
     }
     local examples=$prefix/share/doc/orva/examples linked
     for linked in orva.lib liborva.dll.a; do
@@ -270,16 +270,16 @@ check_windows() {
         build_host "$examples/$name" -Dorva_DIR="$prefix/lib/cmake/orva" -DCMAKE_EXE_LINKER_FLAGS=-static
         cp "$name/$name.exe" "$prefix/bin"
     done
-    "$emulator" "$prefix/bin/host-cpp.exe" bars.ppm
+    "${emulator[@]}" "$prefix/bin/host-cpp.exe" bars.ppm
     picture_colours | same_colours host-cpp
-    check_ring "$emulator" "$prefix/bin/capture-ring.exe"
-    check_crop "$emulator" "$prefix/bin/crop-c.exe"
-    "$emulator" "$prefix/bin/orva.exe" selftest >/dev/null || fail "the packaged program"
+    check_ring "${emulator[@]}" "$prefix/bin/capture-ring.exe"
+    check_crop "${emulator[@]}" "$prefix/bin/crop-c.exe"
+    "${emulator[@]}" "$prefix/bin/orva.exe" selftest >/dev/null || fail "the packaged program"
     # Names that no code page has all letters of, written and read.
     mkdir 'grün'
     local clip=(--format A8P --size 4x2 'grün/日本.raw')
     for name in pattern info; do
-        LC_ALL=C.UTF-8 "$emulator" "$prefix/bin/orva.exe" $name "${clip[@]}" >/dev/null ||
+        LC_ALL=C.UTF-8 "${emulator[@]}" "$prefix/bin/orva.exe" $name "${clip[@]}" >/dev/null ||
             fail "$name of a file whose name is not ASCII"
     done
     [ "$(ls -A 'grün')" = '日本.raw' ] || fail "names that are not ASCII became $(ls -A 'grün')"
