@@ -3,7 +3,7 @@
 # Lets it end:                                    wine_session.sh FOLDER
 # The server ends with the last program, and one that starts just then is lost; two that start a
 # server at once get in each other's way. So one program waits from before the first test until
-# after the last, or for an hour if nobody ends it. FOLDER is for what it says.
+# after the last, or for an hour if nobody ends it. FOLDER is for its output and process number.
 set -euo pipefail
 folder=$1
 emulator=("${@:2}")
@@ -23,11 +23,7 @@ mkdir -p "$folder"
 } 2>/dev/null | "${emulator[@]}" cmd >"$folder/output" 2>&1 &
 
 # The first start of all makes Wine's own folder, which takes a while.
-for ((i = 0; i < 3000; ++i)); do
-    if grep -q is-running "$folder/output"; then
-        exit
-    fi
+until grep -q is-running "$folder/output"; do
+    kill -0 $! 2>/dev/null || { cat "$folder/output" >&2; exit 1; }
     sleep 0.1
 done
-cat "$folder/output" >&2
-exit 1
